@@ -1,0 +1,46 @@
+# Tolmen for Linux. `make demo` shows a run, `make test` builds and runs every test.
+BUILD    ?= build
+JOBS     ?= 2
+PACKAGES := cmake make g++ pkg-config libsqlite3-dev qt6-base-dev libgl-dev libfmt-dev \
+            nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format xvfb xauth
+SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
+
+.PHONY: all deps configure build test demo bench format clean
+
+all: build
+
+# Installs the Debian packages that are missing; does nothing when all are there.
+deps:
+	@missing=""; for p in $(PACKAGES); do \
+	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	  echo "Installing:$$missing"; \
+	  $(SUDO) apt-get update -qq && \
+	  DEBIAN_FRONTEND=noninteractive $(SUDO) apt-get install -y -qq --no-install-recommends $$missing; \
+	fi
+
+$(BUILD)/CMakeCache.txt: | deps
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+
+configure: deps $(BUILD)/CMakeCache.txt
+
+build: configure
+	cmake --build $(BUILD) -j $(JOBS)
+
+test: build
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen TZ=UTC LC_ALL=C ctest --output-on-failure -j $(JOBS)
+
+demo: build
+	@bash tools/demo/demo.sh $(BUILD)
+
+bench: deps
+	cmake -S . -B $(BUILD)-bench -DCMAKE_BUILD_TYPE=Release -DTOLMEN_BENCH=ON -DTOLMEN_GUI=OFF
+	cmake --build $(BUILD)-bench -j $(JOBS)
+	@for b in $(BUILD)-bench/bin/bench_*; do [ -x "$$b" ] && "$$b"; done; true
+
+format:
+	find src tests tools bench -name '*.cpp' -o -name '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf $(BUILD) $(BUILD)-bench
