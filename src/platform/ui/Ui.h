@@ -110,6 +110,10 @@ class Ui {
 
   // The main loop: waits for the user until the main window has unloaded. Returns then.
   virtual void Run(WindowModel& window) = 0;
+  // Names the main window before Run is entered, so that yields of a run started at start-up (a
+  // template on the command line) can show its progress; nullptr forgets it. Run names its
+  // window itself. The window must outlive the naming.
+  virtual void SetMainWindow(WindowModel* /*window*/) {}
   // Timers of the forms register here so that the front-end makes them tick. A timer that is
   // disabled or has interval 0 does not tick. The timer must outlive its registration.
   virtual void RegisterTimer(Timer& timer) = 0;
