@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <ios>
+#include <new>
+#include <stdexcept>
+#include <system_error>
+#include <vector>
+
+#include "runtime/RuntimeError.h"
+#include "runtime/Trap.h"
+
+namespace tolmen {
+namespace {
+
+constexpr int kAbort = 3;
+constexpr int kRetry = 4;
+constexpr int kIgnore = 5;
+
+// A statement that fails `failures` times with the given error, then succeeds.
+struct FlakyStatement {
+  int failures;
+  int runs = 0;
+  void operator()() {
+    ++runs;
+    if (runs <= failures) throw RuntimeError(53);
+  }
+};
+
+TEST(Trap, RetryRunsTheStatementAgainUntilItSucceeds) {
+  FlakyStatement statement{2};
+  std::vector<int> asked;
+  TrapResult result = RunTrapped([&] { statement(); },
+                                 [&](const RuntimeError& e) {
+                                   asked.push_back(e.Number());
+                                   return kRetry;
+                                 });
+  EXPECT_EQ(result, TrapResult::Done);
+  EXPECT_EQ(statement.runs, 3);
+  EXPECT_EQ(asked, (std::vector<int>{53, 53}));
+}
+
+TEST(Trap, IgnoreAndAbortStopAfterOneRun) {
+  const struct {
+    int answer;
+    TrapResult result;
+  } cases[] = {{kIgnore, TrapResult::Ignored},
+               {kAbort, TrapResult::Aborted},
+               {2, TrapResult::Aborted},  // Cancel
+               {7, TrapResult::Aborted}};
+  for (const auto& c : cases) {
+    FlakyStatement statement{5};
+    TrapResult result =
+        RunTrapped([&] { statement(); }, [&](const RuntimeError&) { return c.answer; });
+    EXPECT_EQ(result, c.result) << c.answer;
+    EXPECT_EQ(statement.runs, 1) << c.answer;
+  }
+  int runs = 0;
+  auto never = [](const RuntimeError&) -> int { throw std::logic_error("not asked"); };
+  EXPECT_EQ(RunTrapped([&] { ++runs; }, never), TrapResult::Done);
+  EXPECT_EQ(runs, 1);
+}
+
+TEST(Trap, RetryThenIgnore) {
+  FlakyStatement statement{5};
+  std::vector<int> answers = {kRetry, kRetry, kIgnore};
+  size_t next = 0;
+  TrapResult result =
+      RunTrapped([&] { statement(); }, [&](const RuntimeError&) { return answers[next++]; });
+  EXPECT_EQ(result, TrapResult::Ignored);
+  EXPECT_EQ(statement.runs, 3);
+}
+
+TEST(Trap, StandardExceptionsBecomeClassicErrors) {
+  namespace fs = std::filesystem;
+  auto fsError = [](std::errc code) {
+    return fs::filesystem_error("open", fs::path("/x"), std::make_error_code(code));
+  };
+  const struct {
+    std::function<void()> statement;
+    int number;
+  } cases[] = {
+      {[] { throw std::bad_alloc(); }, 7},
+      {[] { throw std::vector<int>().at(3); }, 9},
+      {[] { throw std::overflow_error("x"); }, 6},
+      {[&] { throw fsError(std::errc::no_such_file_or_directory); }, 53},
+      {[&] { throw fsError(std::errc::no_space_on_device); }, 61},
+      {[&] { throw fsError(std::errc::permission_denied); }, 75},
+      {[&] { throw fsError(std::errc::not_a_directory); }, 76},
+      {[&] { throw fsError(std::errc::file_exists); }, 58},
+      {[] { throw std::system_error(std::make_error_code(std::errc::io_error)); }, 57},
+      {[] { throw std::ios_base::failure("write"); }, 57},
+      {[] { throw std::invalid_argument("x"); }, 5},
+      {[] { throw std::runtime_error("socket closed"); }, 440},
+      {[] { throw RuntimeError(462); }, 462},
+  };
+  for (const auto& c : cases) {
+    RuntimeError seen(0);
+    RunTrapped(c.statement, [&](const RuntimeError& e) {
+      seen = e;
+      return kAbort;
+    });
+    EXPECT_EQ(seen.Number(), c.number);
+  }
+  RuntimeError other = ToRuntimeError(std::runtime_error("socket closed"));
+  EXPECT_EQ(other.Description(), "socket closed");
+  EXPECT_EQ(ToRuntimeError(std::bad_alloc()).Description(), "Out of memory");
+}
+
+TEST(RuntimeError, ClassicTexts) {
+  const struct {
+    int number;
+    const char* text;
+  } cases[] = {
+      {5, "Invalid procedure call or argument"},
+      {6, "Overflow"},
+      {9, "Subscript out of range"},
+      {13, "Type mismatch"},
+      {53, "File not found"},
+      {75, "Path/File access error"},
+      {91, "Object variable or With block variable not set"},
+      {429, "ActiveX component can't create object"},
+      {462, "The remote server machine does not exist or is unavailable"},
+      {12345, "Application-defined or object-defined error"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(ErrorText(c.number), c.text);
+    RuntimeError e(c.number);
+    EXPECT_EQ(e.Description(), c.text);
+    EXPECT_STREQ(e.what(), c.text);
+  }
+  EXPECT_EQ(RuntimeError(5, "Bad date").Description(), "Bad date");
+}
+
+}  // namespace
+}  // namespace tolmen
