@@ -1,0 +1,103 @@
+// tolmen: picks its front-end, builds the application object and waits for its user.
+//
+// The front-end is TOLMEN_UI (qt, console or script) when set, else qt when a display is there
+// (DISPLAY or WAYLAND_DISPLAY) and console otherwise.
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "shell/Application.h"
+#include "platform/ui/Clock.h"
+#include "platform/ui/HeadlessUiFactory.h"
+#include "runtime/Cp1252.h"
+#include "runtime/RuntimeError.h"
+#include "shell/AppInfo.h"
+#include "shell/ProcessEnd.h"
+#include "shell/Tolmen.h"
+#include "wizard/ScreenActions.h"
+
+#ifdef TOLMEN_HAVE_QT
+#include <QApplication>
+
+#include "gui/MainWindow.h"
+#include "gui/QtUi.h"
+#endif
+
+namespace {
+
+std::string Env(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
+}
+
+std::string ChooseFrontEnd() {
+  std::string kind = tolmen::LCase(Env("TOLMEN_UI"));
+  if (!kind.empty()) return kind;
+  const bool display = !Env("DISPLAY").empty() || !Env("WAYLAND_DISPLAY").empty();
+#ifdef TOLMEN_HAVE_QT
+  if (display) return "qt";
+#else
+  (void)display;
+#endif
+  return "console";
+}
+
+std::string JoinArguments(int argc, char** argv) {
+  std::string line;
+  for (int i = 1; i < argc; ++i) {
+    if (i > 1) line += ' ';
+    line += argv[i];
+  }
+  return tolmen::Utf8ToCp1252(line);
+}
+
+#ifdef TOLMEN_HAVE_QT
+int RunQt(int argc, char** argv, const tolmen::AppInfo& info, tolmen::Clock& clock) {
+  QApplication application(argc, argv);
+  tolmen::QtUi ui(clock);
+  ui.SetDefaultTitle(info.AppName);
+  tolmen::Tolmen app(info, ui, clock);
+  app.shell.CommandLine = JoinArguments(argc, argv);
+  tolmen::ScreenActions actions(app.screen);
+  tolmen::MainWindow window(app.screen, actions);
+  ui.Attach(&window);
+  return tolmen::RunApplication(app, actions);
+}
+#endif
+
+int RunHeadless(const std::string& kind, int argc, char** argv, const tolmen::AppInfo& info,
+                tolmen::Clock& clock) {
+  std::string error;
+  std::unique_ptr<tolmen::Ui> ui = tolmen::MakeHeadlessUi(kind, clock, info.AppName, error);
+  if (!ui) {
+    std::cerr << "tolmen: " << error << "\n";
+    return 2;
+  }
+  tolmen::Tolmen app(info, *ui, clock);
+  app.shell.CommandLine = JoinArguments(argc, argv);
+  tolmen::ScreenActions actions(app.screen);
+  return tolmen::RunApplication(app, actions);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::unique_ptr<tolmen::Clock> clock = tolmen::MakeClockFromEnvironment();
+  tolmen::AppInfo info;
+  try {
+    info = tolmen::MakeAppInfo(tolmen::ResolveAppFolder(), TOLMEN_VERSION);
+  } catch (const tolmen::RuntimeError& e) {
+    std::cerr << "tolmen: " << e.Description() << "\n";
+    return 2;
+  }
+  const std::string kind = ChooseFrontEnd();
+#ifdef TOLMEN_HAVE_QT
+  if (kind == "qt") return RunQt(argc, argv, info, *clock);
+#endif
+  if (kind == "qt") {
+    std::cerr << "tolmen: this build has no Qt front-end\n";
+    return 2;
+  }
+  return RunHeadless(kind, argc, argv, info, *clock);
+}

@@ -1,0 +1,276 @@
+#include "gui/MainWindow.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QShortcut>
+#include <QStyle>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "gui/QtText.h"
+
+namespace tolmen {
+
+namespace {
+
+template <typename W>
+W* Named(const Control& control, QWidget* parent = nullptr) {
+  auto* widget = new W(parent);
+  widget->setObjectName(FormBinding::WidgetName(control));
+  return widget;
+}
+
+// The menu `item` and everything below it, as QMenus and QActions named after their controls.
+void AddMenuItems(QMenu* menu, const MenuItem& item) {
+  for (const MenuItem* child : item.Items()) {
+    if (child->IsMenu()) {
+      QMenu* sub = menu->addMenu(ToQt(child->Caption()));
+      sub->setObjectName(FormBinding::WidgetName(*child));
+      AddMenuItems(sub, *child);
+    } else {
+      auto* action = new QAction(ToQt(child->Caption()), menu);
+      action->setObjectName(FormBinding::WidgetName(*child));
+      menu->addAction(action);
+    }
+  }
+}
+
+}  // namespace
+
+FormDialog::FormDialog(Form& form, FormBinding::Runner run, QWidget* parent)
+    : QDialog(parent), form_(form), run_(std::move(run)) {
+  setObjectName(ToQt(form.Name()));
+}
+
+void FormDialog::reject() {
+  run_([this] { form_.RequestClose(); });
+}
+
+void FormDialog::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  reject();
+}
+
+MainWindow::MainWindow(ScreenModel& model, WindowModel& window, QWidget* parent)
+    : QMainWindow(parent), model_(model), window_(window) {
+  setObjectName(ToQt(model.frmMain.Name()));
+  BuildMenus();
+  BuildCentral();
+  BuildOptionsDialog();
+  BuildSetupDialog();
+  bindings_.push_back(std::make_unique<FormBinding>(model.frmMain, *this, Runner()));
+  bindings_.push_back(std::make_unique<FormBinding>(model.frmOptions, *optionsDialog_, Runner()));
+  bindings_.push_back(std::make_unique<FormBinding>(model.frmSetup, *setupDialog_, Runner()));
+
+  auto* help = new QShortcut(QKeySequence::HelpContents, this);
+  help->setContext(Qt::ApplicationShortcut);
+  connect(help, &QShortcut::activated, this,
+          [this] { RunUserAction([this] { model_.frmMain.cmdHelp.Click(); }); });
+  for (auto& binding : bindings_) binding->Refresh(true);
+}
+
+MainWindow::~MainWindow() = default;
+
+FormBinding::Runner MainWindow::Runner() {
+  return [this](const std::function<void()>& change) { RunUserAction(change); };
+}
+
+void MainWindow::BuildMenus() {
+  for (MenuItem* top : model_.frmMain.Menus()) {
+    QMenu* menu = menuBar()->addMenu(ToQt(top->Caption()));
+    menu->setObjectName(FormBinding::WidgetName(*top));
+    AddMenuItems(menu, *top);
+  }
+}
+
+void MainWindow::BuildCentral() {
+  MainForm& form = model_.frmMain;
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+
+  auto* top = new QHBoxLayout;
+  auto* logo = Named<QLabel>(form.Image1);
+  logo->setPixmap(style()->standardIcon(QStyle::SP_ComputerIcon).pixmap(32, 32));
+  top->addWidget(logo);
+  top->addStretch();
+  top->addWidget(Named<QLabel>(form.lblToday));
+  auto* today = Named<QLineEdit>(form.txtToday);
+  today->setMaximumWidth(140);
+  top->addWidget(today);
+  layout->addLayout(top);
+
+  tabs_ = Named<QTabWidget>(form.tabDlg);
+  for (int index = 0; index < form.tabDlg.TabCount(); ++index) {
+    auto* page = new QWidget;
+    page->setObjectName(QString("tabDlgPage%1").arg(index));
+    auto* pageLayout = new QVBoxLayout(page);
+    auto* placeholder = new QLabel(ToQt(form.tabDlg.TabCaption(index)) + " page");
+    placeholder->setObjectName(QString("placeholder%1").arg(index));
+    pageLayout->addWidget(placeholder);
+    BuildPage(index, page);
+    pageLayout->addStretch();
+    tabs_->addTab(page, ToQt(form.tabDlg.TabCaption(index)));
+  }
+  layout->addWidget(tabs_, 1);
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(Named<QPushButton>(form.cmdHelp));
+  buttons->addStretch();
+  for (Button* button : {&form.cmdBack, &form.cmdNext, &form.cmdSave, &form.cmdAbort})
+    buttons->addWidget(Named<QPushButton>(*button));
+  layout->addLayout(buttons);
+  layout->addWidget(Named<QLabel>(form.lblStatus));
+  setCentralWidget(central);
+}
+
+void MainWindow::BuildPage(int index, QWidget* page) {
+  MainForm& form = model_.frmMain;
+  auto* layout = static_cast<QVBoxLayout*>(page->layout());
+  switch (index) {
+    case MainForm::kTabToPastel:
+      layout->addWidget(Named<QLabel>(form.lblUDFkey));
+      break;
+    case MainForm::kTabToMaximizer:
+      layout->addWidget(Named<QLabel>(form.lblAging));
+      break;
+    case MainForm::kTabTransfer: {
+      auto* heading = Named<QLabel>(form.lblHeading);
+      QFont font = heading->font();
+      font.setBold(true);
+      font.setPointSizeF(font.pointSizeF() * 1.4);
+      heading->setFont(font);
+      layout->addWidget(heading);
+      for (int line : form.lblProgress.Indexes()) {
+        auto* label = Named<QLabel>(form.lblProgress(line));
+        label->setWordWrap(true);
+        layout->addWidget(label);
+      }
+      layout->addWidget(Named<QProgressBar>(form.ProgressBar1));
+      animation_ = Named<QLabel>(form.Animation1);
+      animation_->setAlignment(Qt::AlignCenter);
+      layout->addWidget(animation_);
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+void MainWindow::BuildOptionsDialog() {
+  OptionsForm& form = model_.frmOptions;
+  optionsDialog_ = new FormDialog(form, Runner(), this);
+  auto* layout = new QVBoxLayout(optionsDialog_);
+  layout->addWidget(Named<QCheckBox>(form.Check1));
+
+  auto* schedule = new QGridLayout;
+  schedule->addWidget(Named<QRadioButton>(form.optMethod(0)), 0, 0);
+  schedule->addWidget(Named<QLabel>(form.lblTime), 0, 1);
+  schedule->addWidget(Named<QLineEdit>(form.txtTime), 0, 2);
+  schedule->addWidget(Named<QRadioButton>(form.optMethod(1)), 1, 0);
+  auto* interval = new QHBoxLayout;
+  interval->addWidget(Named<QLabel>(form.lblHours));
+  interval->addWidget(Named<QLineEdit>(form.txtHours));
+  interval->addWidget(Named<QLabel>(form.lblMins));
+  interval->addWidget(Named<QLineEdit>(form.txtMins));
+  schedule->addLayout(interval, 1, 1, 1, 2);
+  layout->addLayout(schedule);
+
+  layout->addWidget(Named<QLabel>(form.lblTemplates));
+  layout->addWidget(Named<QListWidget>(form.lstTemplates));
+  auto* listButtons = new QHBoxLayout;
+  listButtons->addWidget(Named<QPushButton>(form.cmdBrowse));
+  listButtons->addWidget(Named<QPushButton>(form.cmdRemove));
+  listButtons->addStretch();
+  layout->addLayout(listButtons);
+  layout->addWidget(Named<QCheckBox>(form.Check3));
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(Named<QPushButton>(form.cmdOK));
+  buttons->addWidget(Named<QPushButton>(form.cmdCancel));
+  layout->addLayout(buttons);
+}
+
+void MainWindow::BuildSetupDialog() {
+  SetupForm& form = model_.frmSetup;
+  setupDialog_ = new FormDialog(form, Runner(), this);
+  auto* layout = new QVBoxLayout(setupDialog_);
+  auto* fields = new QFormLayout;
+  fields->addRow(Named<QLabel>(form.lblDocument), Named<QComboBox>(form.cboDocument));
+  fields->addRow(Named<QLabel>(form.lblStatement), Named<QComboBox>(form.cboStatement));
+  fields->addRow(Named<QLabel>(form.lblMessage), Named<QComboBox>(form.cboMessage));
+  layout->addLayout(fields);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(Named<QPushButton>(form.cmdOk));
+  buttons->addWidget(Named<QPushButton>(form.cmdCancel));
+  layout->addLayout(buttons);
+}
+
+QWidget* MainWindow::Page(int index) const {
+  return tabs_->widget(index);
+}
+
+QStringList MainWindow::Unbound() const {
+  QStringList names;
+  for (const auto& binding : bindings_)
+    for (const QString& name : binding->Unbound())
+      names << ToQt(binding->BoundForm().Name()) + "." + name;
+  return names;
+}
+
+void MainWindow::ShowAsForm(QWidget* widget, const Form& form) {
+  widget->setWindowTitle(ToQt(form.Caption()));
+  if (form.IsShown() && !widget->isVisible()) {
+    widget->setWindowModality(form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
+    widget->show();
+  } else if (!form.IsShown() && widget->isVisible()) {
+    widget->hide();
+  }
+}
+
+void MainWindow::Refresh() {
+  if (refreshing_) return;
+  refreshing_ = true;
+  for (auto& binding : bindings_) binding->Refresh();
+  ShowAsForm(this, model_.frmMain);
+  ShowAsForm(optionsDialog_, model_.frmOptions);
+  ShowAsForm(setupDialog_, model_.frmSetup);
+  refreshing_ = false;
+  emit refreshed();
+}
+
+void MainWindow::RunUserAction(const std::function<void()>& action) {
+  // An error no handler caught is shown as the classic runtime showed it; the window goes on.
+  try {
+    action();
+  } catch (const RuntimeError& error) {
+    QMessageBox::critical(
+        this, ToQt(model_.frmMain.Caption()),
+        QString("Run-time error '%1':\n\n%2").arg(error.Number()).arg(ToQt(error.Description())));
+  } catch (const std::exception& error) {
+    QMessageBox::critical(this, ToQt(model_.frmMain.Caption()), ToQt(error.what()));
+  }
+  Refresh();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  RunUserAction([this] { window_.RequestClose(); });
+}
+
+}  // namespace tolmen

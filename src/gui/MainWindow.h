@@ -1,0 +1,96 @@
+// The Qt window of frmMain, and the dialogs of frmOptions and frmSetup, bound to the screen model
+// (see FormBinding for the naming of widgets and what the binding copies).
+//
+// The window shows and hides as frmMain does, and so do the dialogs with their forms (a modal
+// form's dialog is application-modal). Its close box, and a dialog's close box or Escape key, go
+// to the form's RequestClose - for frmMain through the WindowModel, so that the application's
+// close hook decides. F1 anywhere runs cmdHelp's click handler.
+//
+// The tab pages are filled by the modules that own them: page N is a QWidget "tabDlgPageN" with a
+// QVBoxLayout holding a placeholder label "placeholderN" that names the page; BuildPage() is
+// where a page's widgets are created, named after their controls, before the binding looks for
+// them. A control without a widget is listed by Unbound().
+#pragma once
+
+#include <QDialog>
+#include <QMainWindow>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+#include "gui/FormBinding.h"
+#include "platform/ui/Ui.h"
+#include "wizard/ScreenModel.h"
+
+class QLabel;
+class QTabWidget;
+
+namespace tolmen {
+
+// A dialog whose close box and Escape key ask its form to close instead of closing it.
+class FormDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  FormDialog(Form& form, FormBinding::Runner run, QWidget* parent);
+  Form& BoundForm() const { return form_; }
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  Form& form_;
+  FormBinding::Runner run_;
+};
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // `model` and `window` must outlive the window.
+  MainWindow(ScreenModel& model, WindowModel& window, QWidget* parent = nullptr);
+  ~MainWindow() override;
+
+  ScreenModel& Model() const { return model_; }
+  WindowModel& Window() const { return window_; }
+  // Copies the model to every widget, and shows or hides the window and the dialogs.
+  void Refresh();
+  // Runs a user's action on the model (an error is shown as a run-time error), then refreshes.
+  void RunUserAction(const std::function<void()>& action);
+
+  // Page `index` of tabDlg; the label the animation plays in.
+  QWidget* Page(int index) const;
+  QLabel* AnimationLabel() const { return animation_; }
+  FormDialog* OptionsDialog() const { return optionsDialog_; }
+  FormDialog* SetupDialog() const { return setupDialog_; }
+  // The controls of all three forms that found no widget ("frmMain.cboCategories").
+  QStringList Unbound() const;
+
+ signals:
+  // After every Refresh: front-ends sync their timers and notice an unloaded window here.
+  void refreshed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void BuildMenus();
+  void BuildCentral();
+  void BuildPage(int index, QWidget* page);
+  void BuildOptionsDialog();
+  void BuildSetupDialog();
+  void ShowAsForm(QWidget* widget, const Form& form);
+  FormBinding::Runner Runner();
+
+  ScreenModel& model_;
+  WindowModel& window_;
+  QTabWidget* tabs_ = nullptr;
+  QLabel* animation_ = nullptr;
+  FormDialog* optionsDialog_ = nullptr;
+  FormDialog* setupDialog_ = nullptr;
+  std::vector<std::unique_ptr<FormBinding>> bindings_;
+  bool refreshing_ = false;
+};
+
+}  // namespace tolmen

@@ -1,0 +1,341 @@
+#include "gui/QtUi.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMovie>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QPushButton>
+#include <QStyle>
+#include <QSystemTrayIcon>
+#include <QTextDocument>
+#include <QTimer>
+#include <QUrl>
+#include <cstdlib>
+#include <filesystem>
+
+#include "gui/FileFilter.h"
+#include "gui/MainWindow.h"
+#include "gui/QtText.h"
+#include "platform/ui/HelpPage.h"
+#include "platform/ui/Timer.h"
+#include "runtime/Cp1252.h"
+
+namespace tolmen {
+
+namespace {
+
+QMessageBox::StandardButton StandardButtonFor(int answer) {
+  switch (answer) {
+    case vbOK:
+      return QMessageBox::Ok;
+    case vbCancel:
+      return QMessageBox::Cancel;
+    case vbAbort:
+      return QMessageBox::Abort;
+    case vbRetry:
+      return QMessageBox::Retry;
+    case vbIgnore:
+      return QMessageBox::Ignore;
+    case vbYes:
+      return QMessageBox::Yes;
+    default:
+      return QMessageBox::No;
+  }
+}
+
+QMessageBox::Icon IconFor(int style) {
+  switch (style & 0x70) {
+    case vbCritical:
+      return QMessageBox::Critical;
+    case vbQuestion:
+      return QMessageBox::Question;
+    case vbExclamation:
+      return QMessageBox::Warning;
+    case vbInformation:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+}  // namespace
+
+QtUi::QtUi(Clock& clock, QObject* parent) : QObject(parent), clock_(clock) {}
+
+QtUi::~QtUi() {
+  SetBusyPointer(false);
+  AnimationClose();
+}
+
+void QtUi::Attach(MainWindow* window) {
+  if (window_) disconnect(window_, nullptr, this, nullptr);
+  window_ = window;
+  if (window_) connect(window_, &MainWindow::refreshed, this, [this] { SyncTimers(); });
+}
+
+QWidget* QtUi::DialogParent() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (window_ && window_->isVisible()) return window_;
+  return nullptr;
+}
+
+void QtUi::Refresh() {
+  if (window_)
+    window_->Refresh();
+  else
+    SyncTimers();
+}
+
+int QtUi::CloseBoxAnswer(int style) {
+  // Cancel, where a set has it, is always its last button.
+  return MsgBoxButtons(style).back();
+}
+
+int QtUi::MsgBox(const std::string& prompt, int style, const std::string& title) {
+  QMessageBox box(DialogParent());
+  box.setWindowTitle(ToQt(title.empty() ? defaultTitle_ : title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQt(prompt));
+  box.setIcon(IconFor(style));
+  std::map<QAbstractButton*, int> answers;
+  int closeAnswer = CloseBoxAnswer(style);
+  for (int answer : MsgBoxButtons(style)) {
+    QPushButton* button = box.addButton(StandardButtonFor(answer));
+    answers[button] = answer;
+    if (answer == MsgBoxDefaultAnswer(style)) box.setDefaultButton(button);
+    if (answer == closeAnswer) box.setEscapeButton(button);
+  }
+  box.exec();
+  auto found = answers.find(box.clickedButton());
+  int answer = found == answers.end() ? closeAnswer : found->second;
+  Refresh();
+  return answer;
+}
+
+std::string QtUi::InputBox(const std::string& prompt, const std::string& title,
+                           const std::string& defaultText) {
+  QInputDialog dialog(DialogParent());
+  dialog.setWindowTitle(ToQt(title.empty() ? defaultTitle_ : title));
+  dialog.setLabelText(ToQt(prompt));
+  dialog.setTextValue(ToQt(defaultText));
+  bool accepted = dialog.exec() == QDialog::Accepted;
+  Refresh();
+  return accepted ? FromQt(dialog.textValue()) : "";
+}
+
+bool QtUi::FileDialog(const FileDialogRequest& request, std::string& path) {
+  QFileDialog dialog(DialogParent(), ToQt(request.title), ToQt(request.initialFolder));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  QStringList filters;
+  for (const std::string& filter : QtNameFilters(request.filter)) filters << ToQt(filter);
+  dialog.setNameFilters(filters);
+  dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (!request.defaultExtension.empty()) dialog.setDefaultSuffix(ToQt(request.defaultExtension));
+  if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
+  bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+  if (accepted) path = FromQt(dialog.selectedFiles().first());
+  Refresh();
+  return accepted;
+}
+
+void QtUi::Beep() {
+  QApplication::beep();
+}
+
+void QtUi::Yield(long) {
+  // The widgets show the model as it stands before the window system paints and takes clicks;
+  // a click's handler refreshes again when it has run.
+  Refresh();
+  QCoreApplication::processEvents();
+}
+
+void QtUi::Wait(double seconds) {
+  if (clock_.IsVirtual() || seconds <= 0) {
+    if (seconds > 0) clock_.Sleep(seconds);
+    Yield();
+    return;
+  }
+  Refresh();
+  QEventLoop loop;
+  QTimer::singleShot(static_cast<int>(seconds * 1000), &loop, &QEventLoop::quit);
+  loop.exec();
+  Refresh();
+}
+
+void QtUi::Run(WindowModel& window) {
+  Refresh();
+  if (!window.IsOpen()) return;
+  QEventLoop loop;
+  auto check = [&window, &loop] {
+    if (!window.IsOpen()) loop.quit();
+  };
+  // The window's refresh follows every handler; the poll catches an unload from elsewhere.
+  QMetaObject::Connection refreshed;
+  if (window_) refreshed = connect(window_, &MainWindow::refreshed, &loop, check);
+  QTimer poll;
+  poll.setInterval(250);
+  connect(&poll, &QTimer::timeout, &loop, check);
+  poll.start();
+  if (window.IsOpen()) loop.exec();
+  disconnect(refreshed);
+}
+
+void QtUi::RegisterTimer(Timer& timer) {
+  if (timers_.count(&timer)) return;
+  auto* qtTimer = new QTimer(this);
+  connect(qtTimer, &QTimer::timeout, this, [this, &timer] {
+    if (window_)
+      window_->RunUserAction([&timer] { timer.Fire(); });
+    else
+      timer.Fire();
+    SyncTimers();
+  });
+  timers_[&timer] = qtTimer;
+  SyncTimers();
+}
+
+void QtUi::UnregisterTimer(Timer& timer) {
+  auto found = timers_.find(&timer);
+  if (found == timers_.end()) return;
+  found->second->stop();
+  found->second->deleteLater();
+  timers_.erase(found);
+}
+
+void QtUi::SyncTimers() {
+  for (auto& [timer, qtTimer] : timers_) {
+    if (!timer->Active()) {
+      qtTimer->stop();
+    } else if (!qtTimer->isActive() || qtTimer->interval() != timer->Interval()) {
+      qtTimer->start(timer->Interval());
+    }
+  }
+}
+
+void QtUi::SetClipboardText(const std::string& text) {
+  QApplication::clipboard()->setText(ToQt(text));
+}
+
+std::string QtUi::ClipboardText() {
+  return FromQt(QApplication::clipboard()->text());
+}
+
+std::string QtUi::PrinterName() {
+  return FromQt(QPrinterInfo::defaultPrinterName());
+}
+
+bool QtUi::PrintText(const std::string& text) {
+  QPrinterInfo info = QPrinterInfo::defaultPrinter();
+  if (info.isNull()) return false;
+  QPrinter printer(info);
+  QTextDocument document;
+  document.setPlainText(ToQt(text));
+  document.print(&printer);
+  return printer.printerState() != QPrinter::Error && printer.printerState() != QPrinter::Aborted;
+}
+
+bool QtUi::OpenInEditor(const std::string& path) {
+  QString file = ToQt(path);
+  if (!std::filesystem::exists(file.toStdString())) return false;
+  if (const char* editor = std::getenv("TOLMEN_EDITOR"); editor && *editor)
+    return QProcess::startDetached(QString::fromLocal8Bit(editor), {file});
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+}
+
+bool QtUi::ShowHelp(const std::string&, const std::string& page) {
+  std::string file = FindHelpPage(Cp1252ToUtf8(page));
+  if (file.empty()) return false;
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file)));
+}
+
+bool QtUi::HasTray() {
+  return QSystemTrayIcon::isSystemTrayAvailable();
+}
+
+void QtUi::TrayAdd(const std::string& tip) {
+  if (!tray_) {
+    QIcon icon = QApplication::windowIcon();
+    if (icon.isNull()) icon = QApplication::style()->standardIcon(QStyle::SP_ComputerIcon);
+    tray_ = std::make_unique<QSystemTrayIcon>(icon);
+    connect(tray_.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+              const char* what = reason == QSystemTrayIcon::DoubleClick ? "dblclick"
+                                 : reason == QSystemTrayIcon::Context   ? "context"
+                                                                        : "click";
+              if (!window_) return;
+              window_->RunUserAction([this, what] {
+                window_->Window().Perform(UiAction{"tray", {what}, "tray"});
+              });
+            });
+  }
+  tray_->setToolTip(ToQt(tip));
+  tray_->show();
+}
+
+void QtUi::TrayModify(const std::string& tip) {
+  if (tray_) tray_->setToolTip(ToQt(tip));
+}
+
+void QtUi::TrayRemove() {
+  tray_.reset();
+}
+
+void QtUi::SetBusyPointer(bool busy) {
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    ++busyDepth_;
+    return;
+  }
+  for (; busyDepth_ > 0; --busyDepth_) QApplication::restoreOverrideCursor();
+}
+
+bool QtUi::AnimationOpen(const std::string& path) {
+  AnimationClose();
+  std::filesystem::path given(Cp1252ToUtf8(path));
+  std::string stem = given.stem().string();
+  std::filesystem::path share = std::filesystem::path(ProgramFolder()) / ".." / "share" / "tolmen";
+  for (const std::filesystem::path& candidate :
+       {given, share / (stem + ".gif"), share / (LCase(stem) + ".gif")}) {
+    if (candidate.empty() || !std::filesystem::exists(candidate)) continue;
+    auto movie = std::make_unique<QMovie>(QString::fromStdString(candidate.string()));
+    if (!movie->isValid()) continue;
+    movie_ = std::move(movie);
+    if (window_ && window_->AnimationLabel()) window_->AnimationLabel()->setMovie(movie_.get());
+    return true;
+  }
+  return false;
+}
+
+void QtUi::AnimationPlay() {
+  if (!movie_) return;
+  if (movie_->state() == QMovie::Paused)
+    movie_->setPaused(false);
+  else
+    movie_->start();
+}
+
+void QtUi::AnimationStop() {
+  if (movie_ && movie_->state() == QMovie::Running) movie_->setPaused(true);
+}
+
+void QtUi::AnimationClose() {
+  if (!movie_) return;
+  if (window_ && window_->AnimationLabel()) window_->AnimationLabel()->clear();
+  movie_.reset();
+}
+
+std::string QtUi::ProgramFolder() {
+  return QCoreApplication::applicationDirPath().toStdString();
+}
+
+}  // namespace tolmen

@@ -1,0 +1,146 @@
+#include "pastel/PastelRecord.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "recordio/BtGlobal.h"
+#include "shell/Tolmen.h"
+
+namespace tolmen {
+namespace {
+
+constexpr std::int32_t kOpen = 0;
+constexpr std::int32_t kClose = 1;
+constexpr std::int32_t kGetEqual = 5;
+constexpr std::int32_t kGetNext = 6;
+constexpr std::int32_t kGetPrevious = 7;
+constexpr std::int32_t kGetGreater = 8;
+constexpr std::int32_t kGetGreaterOrEqual = 9;
+constexpr std::int32_t kGetLess = 10;
+constexpr std::int32_t kGetLessOrEqual = 11;
+constexpr std::int32_t kGetFirst = 12;
+constexpr std::int32_t kGetLast = 13;
+constexpr std::int32_t kStat = 15;
+
+constexpr size_t kStatBufferBytes = 512;
+constexpr size_t kRecordCountOffset = 6;
+
+// The count as its hexadecimal text reads: each byte, highest first, in hexadecimal without a
+// leading zero, behind "&H" and with the Long suffix "&" ("&H0015&" for bytes 05 01 00 00).
+std::int32_t HexCountValue(const std::string& stats) {
+  std::string digits;
+  for (size_t i = kRecordCountOffset + 4; i-- > kRecordCountOffset;) {
+    char hex[4];
+    std::snprintf(hex, sizeof hex, "%X",
+                  static_cast<unsigned>(static_cast<unsigned char>(stats[i])));
+    digits += hex;
+  }
+  // At most eight digits: the value fits the 32 bits of a Long.
+  return static_cast<std::int32_t>(std::stoul(digits, nullptr, 16));
+}
+
+}  // namespace
+
+PastelRecord::PastelRecord(Tolmen& app, std::string className, std::int32_t recordLength,
+                           std::int16_t maxFields, const RecordLayout& layout,
+                           std::int32_t imageLength)
+    : BtObject(std::move(className), recordLength),
+      app_(app),
+      maxFields_(maxFields),
+      layout_(layout),
+      image_(static_cast<size_t>(imageLength < 0 ? recordLength : imageLength), '\0') {}
+
+void PastelRecord::IO(std::int32_t operation, const OptText& key, const OptText& accepted,
+                      const OptText& label) {
+  GlobalIO(app_, *this, operation, key, accepted, label);
+}
+
+void PastelRecord::MoveBuffer(std::int16_t direction) {
+  // The copy goes through a staging buffer filled with blanks, so a short DataBuf leaves blanks
+  // in the image, and the image of a class that keeps less than a record goes out blank-padded.
+  if (direction != 0) {
+    std::string read = DataBuf.substr(0, image_.size());
+    read.resize(image_.size(), ' ');
+    image_ = std::move(read);
+  } else if (!BufferHeld) {
+    DataBuf = image_;
+    DataBuf.resize(static_cast<size_t>(RecordLength), ' ');
+  }
+  BufferHeld = false;
+}
+
+void PastelRecord::FOpen(const std::string& fileName, std::optional<std::int16_t> openMode,
+                         const OptText& owner, const OptText& accepted) {
+  KeyNum = openMode.value_or(0);
+  if (!owner) {
+    IO(kOpen, fileName, accepted);
+  } else {
+    DataBuf = *owner;
+    DBLen = static_cast<std::int32_t>(owner->size());
+    BufferHeld = true;
+    IO(kOpen, fileName, accepted);
+    DBLen = RecordLength;
+    if (STATUS_ == 0 || STATUS_ == 9) IO(kGetFirst);
+  }
+  if (STATUS_ == 0) FileName = fileName;
+}
+
+void PastelRecord::OPEN_() {
+  if (!FileName.empty()) FOpen(FileName);
+}
+
+void PastelRecord::CLOSE_() {
+  IO(kClose);
+}
+
+void PastelRecord::GET_EQUAL(const std::string& key) {
+  IO(kGetEqual, key);
+}
+void PastelRecord::GET_GREATER(const std::string& key) {
+  IO(kGetGreater, key);
+}
+void PastelRecord::GET_LAST() {
+  IO(kGetLast);
+}
+void PastelRecord::GET_LESS_THAN(const std::string& key) {
+  IO(kGetLess, key);
+}
+void PastelRecord::GET_LESS_THAN_OR_EQUAL(const std::string& key) {
+  IO(kGetLessOrEqual, key);
+}
+void PastelRecord::GET_LOWEST() {
+  IO(kGetFirst);
+}
+void PastelRecord::GET_NEAREST(const std::string& key) {
+  IO(kGetGreaterOrEqual, key);
+}
+void PastelRecord::GET_NEXT() {
+  IO(kGetNext);
+}
+void PastelRecord::GET_PREVIOUS() {
+  IO(kGetPrevious);
+}
+
+std::int32_t PastelRecord::RecordCount() {
+  if (!IsOpen) return 0;
+  std::string stats(kStatBufferBytes, ' ');
+  auto length = static_cast<std::int32_t>(kStatBufferBytes);
+  std::string key(255, ' ');
+  STATUS_ = app_.engine.BTRCALL(kStat, PosBlk, stats, length, key, 255, KeyNum);
+  stats.resize(std::max(stats.size(), kRecordCountOffset + 4), ' ');
+  return HexCountValue(stats);
+}
+
+Variant PastelRecord::default_(std::int32_t field) {
+  const std::optional<FieldSpot> spot = layout_.Locate(field);
+  if (!spot) return Variant();
+  return DecodeField(app_.ui, image_, *spot);
+}
+
+void PastelRecord::default_(std::int32_t field, const Variant& value) {
+  const std::optional<FieldSpot> spot = layout_.Locate(field);
+  if (!spot) return;
+  EncodeField(image_, *spot, value);
+}
+
+}  // namespace tolmen

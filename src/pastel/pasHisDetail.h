@@ -1,0 +1,26 @@
+// pasHisDetail: ACCHISTL.DAT, the document lines of the history. Its class name is "clsStk", the
+// name it shares with the stock classes in debug text. Field 26 is a date on eight bytes: read
+// through its first four (never blank), written as four date bytes and four blanks. INSERT and
+// UPDATE write one "Detail" line of the invoice import file; DELETE does nothing.
+#pragma once
+
+#include "pastel/PastelRecord.h"
+
+namespace tolmen {
+
+class pasHisDetail : public PastelRecord {
+ public:
+  static constexpr const char* kFileName = "ACCHISTL.DAT";
+  static constexpr std::int32_t kRecordLength = 235;
+  explicit pasHisDetail(Tolmen& app);
+
+  void INSERT() { WriteLine(); }
+  void UPDATE() { WriteLine(); }
+  void DELETE() {}
+  void UNLOCK_() { IO(27); }
+  // With the run's WriteCsv on, the import-line writer writes the detail line; with it off
+  // nothing happens. Raises RuntimeError(91) when WriteCsv is on and no writer is set.
+  void WriteLine();
+};
+
+}  // namespace tolmen

@@ -1,0 +1,48 @@
+// The application: everything the system's modules and forms held, in one object per process.
+// Routines take what they need from it; a test builds a fresh one with a scripted Ui, a virtual
+// Clock and temporary folders.
+#pragma once
+
+#include "pastel/PastelFiles.h"
+#include "pastel/PastelSetState.h"
+#include "platform/recordmanager/RecordEngine.h"
+#include "platform/ui/Clock.h"
+#include "platform/ui/Ui.h"
+#include "recordio/BtGlobal.h"
+#include "shell/AppInfo.h"
+#include "shell/RunLog.h"
+#include "shell/Settings.h"
+#include "shell/ShellState.h"
+#include "toolkit/quilletToolkit.h"
+#include "transfer/RunState.h"
+#include "wizard/ScreenModel.h"
+
+namespace tolmen {
+
+class Tolmen {
+ public:
+  // `settingsPath` is the settings store's file; tests hand a temporary one.
+  Tolmen(AppInfo appInfo, Ui& userInterface, Clock& timeSource,
+         const std::string& settingsPath = Settings::DefaultPath())
+      : info(std::move(appInfo)), ui(userInterface), clock(timeSource), settings(settingsPath) {
+    log.SetFolder(info.AppFolder);
+  }
+  Tolmen(const Tolmen&) = delete;
+  Tolmen& operator=(const Tolmen&) = delete;
+
+  AppInfo info;
+  Ui& ui;
+  Clock& clock;
+  Settings settings;
+  ShellState shell;
+  RunState run;
+  PastelSetState pastel;
+  RunLog log;
+  RecordEngine engine;
+  BtGlobalState bt;
+  ScreenModel screen;
+  PastelFiles pastelFiles{*this};  // the open set's record objects
+  quilletToolkit toolkit{*this};
+};
+
+}  // namespace tolmen

@@ -1,0 +1,48 @@
+// How a run stands: the one record every stage of the transfer reads and writes. It lives as long
+// as the process; `DoImport` resets only the counters it owns.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tolmen {
+
+struct RunState {
+  int16_t StopRequest = 0;  // 0 go on, 2 after Cancel, 7 after End
+  bool RunActive = false;
+  bool Unattended = false;
+  int16_t RunMode = 0;  // 1 one template, 2 a timer run over a list
+  int16_t TemplatesDone = 0;
+  bool ShowFinalMessage = true;
+  std::string RunReason;
+  std::string TaskTitle;
+  std::string CurrentSection;
+  bool CurrentClientOnly = false;
+  std::string CsvFileName;
+  std::string InvoiceFileName;
+  bool WriteCsv = false;
+  bool RecurringBillingOn = false;
+  bool InvoicingPlanned = false;
+  bool CasualBillingOn = false;
+  bool MismatchSummaryOn = false;
+  int32_t TransferToMaximizer = 0;
+  double BillingDate = 0;
+
+  // Counters. DebtorsChanged, MismatchCount, DebtorsSkipped and DebtorsLater are reset and shown
+  // but nothing raises them.
+  int16_t DebtorsWritten = 0;
+  int16_t DebtorsChanged = 0;
+  int32_t BalancesMissed = 0;
+  int32_t BalancesSent = 0;
+  int16_t ErrorCount = 0;
+  int16_t MismatchCount = 0;
+  int16_t InvoiceCount = 0;
+  int32_t RepeatCount = 0;
+  int32_t ClientsScanned = 0;
+  int32_t ClientsProcessed = 0;
+  int32_t AcceptedStatus22 = 0;
+  int16_t DebtorsSkipped = 0;
+  int16_t DebtorsLater = 0;
+};
+
+}  // namespace tolmen

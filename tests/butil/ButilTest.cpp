@@ -1,0 +1,221 @@
+// butil as a user runs it: description files, save files with awkward bytes, and the errors.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+extern char** environ;
+
+namespace tolmen::test {
+namespace {
+
+class TempDir {
+ public:
+  TempDir() {
+    std::random_device random;
+    path_ = std::filesystem::temp_directory_path() /
+            ("tolmen-butil-" + std::to_string(::getpid()) + "-" + std::to_string(random()));
+    std::filesystem::create_directories(path_);
+  }
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
+  ~TempDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  std::string File(const std::string& name) const { return (path_ / name).string(); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+void Write(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+std::string Read(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+struct Result {
+  int exit = -1;
+  std::string out, err;
+};
+
+// Runs butil with these arguments, its output caught in files of `dir`.
+Result Butil(const TempDir& dir, const std::vector<std::string>& args) {
+  const std::string program = std::string(TOLMEN_BIN_DIR) + "/butil";
+  std::vector<char*> argv{const_cast<char*>(program.c_str())};
+  for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+  argv.push_back(nullptr);
+  const std::string out = dir.File("stdout.txt"), err = dir.File("stderr.txt");
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  pid_t pid = 0;
+  Result r;
+  if (posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), environ) == 0) {
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    r.exit = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+  posix_spawn_file_actions_destroy(&actions);
+  r.out = Read(out);
+  r.err = Read(err);
+  return r;
+}
+
+std::string Saved(const std::vector<std::string>& records, char separator = ',') {
+  std::string s;
+  for (const std::string& r : records) s += std::to_string(r.size()) + separator + r + "\r\n";
+  return s + '\x1A';
+}
+
+struct RoundTrip {
+  const char* name;
+  const char* description;
+  std::vector<std::string> records;  // in key 0 order
+};
+
+const RoundTrip kRoundTrips[] = {
+    {"FixedRecordsWithCrLfNulAndEof",
+     "record=20 variable=n key=1 page=4096\n"
+     "position=1 length=4 duplicates=n modifiable=n type=string segment=n\n",
+     {std::string("AAA1\r\n\0\0\x1A", 9) + std::string(11, 'x'),
+      std::string("AAA2") + "12,34\r\n\x1A\x1A" + std::string(7, '\0'),
+      std::string("BBB1") + std::string(16, '\n'),
+      std::string("\xE9\xE9\xE9\xE9") + std::string(15, '\r') + '\x1A'}},
+    {"VariableRecordsWithDuplicatesInInsertionOrder",
+     "record=8\tvariable=y\tkey=1\tpage=1024\n"
+     "position=1 length=2 duplicates=y modifiable=y type=integer segment=n\n",
+     {std::string("\xFF\xFF", 2) + "negative" + "\r\n",
+      std::string("\x05\x00", 2) + std::string(300, '\x1A'),
+      std::string("\x05\x00", 2) + "second five\r\nstill the same record",
+      std::string("\x05\x00", 2) + std::string(6, '\0')}},
+};
+
+class ButilRoundTrip : public ::testing::TestWithParam<RoundTrip> {};
+
+TEST_P(ButilRoundTrip, LoadThenSaveGivesTheSameBytes) {
+  const RoundTrip& c = GetParam();
+  TempDir dir;
+  Write(dir.File("file.des"), c.description);
+  ASSERT_EQ(Butil(dir, {"-create", dir.File("file.dat"), dir.File("file.des")}).exit, 0);
+  const std::string input = Saved(c.records);
+  Write(dir.File("in.sav"), input);
+  const Result load = Butil(dir, {"-load", dir.File("in.sav"), dir.File("file.dat")});
+  ASSERT_EQ(load.exit, 0) << load.err;
+  EXPECT_EQ(load.out, std::to_string(c.records.size()) + " records loaded into " +
+                          dir.File("file.dat") + ".\n");
+  ASSERT_EQ(Butil(dir, {"-save", dir.File("file.dat"), dir.File("out.sav")}).exit, 0);
+  EXPECT_EQ(Read(dir.File("out.sav")), input);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, ButilRoundTrip, ::testing::ValuesIn(kRoundTrips),
+                         [](const auto& p) { return std::string(p.param.name); });
+
+TEST(ButilTest, CreateFromADescriptionThenStat) {
+  TempDir dir;
+  Write(dir.File("people.des"),
+        "/* people: id, name, then a code in two segments */\n"
+        "RECORD=32 Variable=N key=3 page=2048\n"
+        "position=1 length=4 duplicates=n modifiable=y type=int segment=n\n"
+        "position=5 length=8 duplicates=y modifiable=y type=string caseinsensitive=y "
+        "alternate=n segment=n\n"
+        "position=13 length=2 duplicates=n modifiable=n type=zstr descending=y segment=y\n"
+        "position=15 length=2 duplicates=n modifiable=n type=unsigned segment=n\n");
+  const Result create = Butil(dir, {"-create", dir.File("people.dat"), dir.File("people.des")});
+  ASSERT_EQ(create.exit, 0) << create.err;
+  std::string people;
+  int id = 0;
+  for (const char* name : {"SMITH   ", "smith   ", "JONES   "}) {
+    std::string r = std::string(1, static_cast<char>(++id)) + std::string(3, '\0') + name;
+    r += std::string(1, static_cast<char>('a' + id)) + std::string(3, '\0');
+    r.resize(32, '.');
+    people += std::to_string(r.size()) + " " + r + "\r\n";
+  }
+  Write(dir.File("people.sav"), people + "\x1A");
+  ASSERT_EQ(Butil(dir, {"-load", dir.File("people.sav"), dir.File("people.dat")}).exit, 0);
+  const Result stat = Butil(dir, {"-stat", dir.File("people.dat")});
+  ASSERT_EQ(stat.exit, 0) << stat.err;
+  for (const char* line :
+       {"Record Length = 32\n", "Variable Records = No\n", "Page Size = 2048\n",
+        "Number of Records = 3\n", "Number of Keys = 3\n",
+        "  0       1        1      4  Integer         No         Yes        No         No      "
+        "                    3\n",
+        "  1       1        5      8  String          Yes        Yes        No         Yes     "
+        "                    2\n",
+        "  2       1       13      2  ZString         No         No         Yes        No      "
+        "                    3\n",
+        "          2       15      2  Unsigned Binary No         No         No         No      "
+        "                     \n"}) {
+    EXPECT_NE(stat.out.find(line), std::string::npos) << line << "in\n" << stat.out;
+  }
+}
+
+TEST(ButilTest, ErrorsNameTheStatusAndExitNonZero) {
+  TempDir dir;
+  const std::string des =
+      "record=10 variable=n key=1 page=4096 "
+      "position=1 length=2 duplicates=n modifiable=n type=string segment=n";
+  Write(dir.File("ok.des"), des);
+  ASSERT_EQ(Butil(dir, {"-create", dir.File("f.dat"), dir.File("ok.des")}).exit, 0);
+  Write(dir.File("dups.sav"), Saved({"AA12345678", "BB12345678", "AA00000000"}));
+  Write(dir.File("cut.sav"), "10,AA12345678\r\n10,BB123");
+  Write(dir.File("short.sav"), Saved({"AA1234567"}));
+  Write(dir.File("text.dat"), "not a record file\r\n");
+  Write(dir.File("decimal.des"), "record=10 key=1 position=1 length=2 type=decimal segment=n");
+  Write(dir.File("count.des"), "record=10 key=2 position=1 length=2 type=string segment=n");
+  Write(dir.File("nullkey.des"), des + " nullkey=allsegs");
+  struct Case {
+    std::vector<std::string> args;
+    int exit;
+    const char* message;
+  };
+  const Case cases[] = {
+      {{"-stat", dir.File("missing.dat")},
+       1,
+       "missing.dat: status 12 (File Not Found or there are spaces in the Path)"},
+      {{"-stat", dir.File("text.dat")}, 1, "text.dat: status 30 (Not A Btrieve File)"},
+      {{"-load", dir.File("dups.sav"), dir.File("f.dat")},
+       1,
+       "dups.sav: record 3: status 5 (Duplicate Key Value)"},
+      {{"-load", dir.File("cut.sav"), dir.File("f.dat")},
+       1,
+       "cut.sav: record 2: the file ends inside a record"},
+      {{"-load", dir.File("short.sav"), dir.File("f.dat")},
+       1,
+       "short.sav: record 1: status 22 (Data Buffer Length is too short)"},
+      {{"-create", dir.File("f.dat"), dir.File("ok.des")},
+       1,
+       "f.dat: status 59 (File Already Exists)"},
+      {{"-create", dir.File("g.dat"), dir.File("decimal.des")},
+       1,
+       "\"type=decimal\": keys of this type are not supported"},
+      {{"-create", dir.File("g.dat"), dir.File("count.des")}, 1, "key=2, but 1 keys are described"},
+      {{"-create", dir.File("g.dat"), dir.File("nullkey.des")}, 1, "nullkey=allsegs"},
+      {{"-save", dir.File("f.dat")}, 2, "usage: butil"},
+  };
+  for (const Case& c : cases) {
+    const Result r = Butil(dir, c.args);
+    EXPECT_EQ(r.exit, c.exit) << c.args[0] << " " << c.args[1];
+    EXPECT_NE(r.err.find(c.message), std::string::npos) << r.err;
+  }
+  // The failed loads ran in a transaction: nothing of them is left.
+  ASSERT_EQ(Butil(dir, {"-save", dir.File("f.dat"), dir.File("after.sav")}).exit, 0);
+  EXPECT_EQ(Read(dir.File("after.sav")), "\x1A");
+  EXPECT_FALSE(std::filesystem::exists(dir.File("g.dat")));
+}
+
+}  // namespace
+}  // namespace tolmen::test

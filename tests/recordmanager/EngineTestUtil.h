@@ -1,0 +1,101 @@
+// Helpers for the record engine's tests: a temporary folder and a small client that keeps the
+// buffers of one open file, as a record class does.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <random>
+#include <string>
+
+#include "platform/recordmanager/BtrCodes.h"
+#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/RecordEngine.h"
+
+namespace tolmen::test {
+
+class TempDir {
+ public:
+  TempDir() {
+    std::random_device random;
+    path_ = std::filesystem::temp_directory_path() /
+            ("tolmen-rm-" + std::to_string(::getpid()) + "-" + std::to_string(random()));
+    std::filesystem::create_directories(path_);
+  }
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
+  ~TempDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  std::string File(const std::string& name) const { return (path_ / name).string(); }
+  const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+// The buffers of one position block.
+class Client {
+ public:
+  explicit Client(RecordEngine& engine) : engine_(engine) {}
+
+  std::string pos = std::string(128, ' ');
+  std::string data;
+  int32_t dataLen = 0;
+  std::string key = std::string(255, ' ');
+
+  int16_t Call(uint16_t op, int16_t keyNum = 0, int16_t keyLen = 255) {
+    return engine_.BTRCALL(op, pos, data, dataLen, key, keyLen, keyNum);
+  }
+  int16_t Open(const std::string& path, int16_t mode = 0) {
+    key = path;
+    data.clear();
+    dataLen = 0;
+    return Call(kOpOpen, mode);
+  }
+  int16_t Insert(const std::string& record, int16_t keyNum = 0) {
+    data = record;
+    dataLen = static_cast<int32_t>(record.size());
+    return Call(kOpInsert, keyNum);
+  }
+  int16_t Update(const std::string& record, int16_t keyNum = 0) {
+    data = record;
+    dataLen = static_cast<int32_t>(record.size());
+    return Call(kOpUpdate, keyNum);
+  }
+  // A Get with a data buffer of `room` bytes.
+  int16_t Get(uint16_t op, int16_t keyNum = 0, int32_t room = 4096) {
+    data.assign(static_cast<size_t>(room), ' ');
+    dataLen = room;
+    return Call(op, keyNum);
+  }
+  // A Get that starts from a key value.
+  int16_t GetKey(uint16_t op, const std::string& value, int16_t keyNum = 0, int32_t room = 4096) {
+    key = value;
+    key.resize(255, ' ');
+    return Get(op, keyNum, room);
+  }
+
+ private:
+  RecordEngine& engine_;
+};
+
+inline int16_t CreateFile(RecordEngine& engine, const std::string& path, const FileDef& def,
+                          int16_t mode = 0) {
+  std::string pos(128, ' '), data = BuildCreateBuffer(def), key = path;
+  auto len = static_cast<int32_t>(data.size());
+  return engine.BTRCALL(kOpCreate, pos, data, len, key, 255, mode);
+}
+
+// Little-endian bytes of an integer.
+template <typename T>
+std::string Le(T v) {
+  std::string s(sizeof v, '\0');
+  std::memcpy(s.data(), &v, sizeof v);
+  return s;
+}
+
+}  // namespace tolmen::test

@@ -1,0 +1,59 @@
+// pasteldata: Pastel sets of accounts for the tests and the demo, made with Tolmen's own record
+// classes.
+//
+//   pasteldata create DIR < SET.json    creates every Pastel file of a set in DIR
+//   pasteldata dump DIR FILE            prints the records of one file as the same JSON
+//
+// The JSON is described in src/pastel/PastelDataSet.h; samples/demo.json is a whole set. Exit
+// status: 0 done, 1 a description or file that could not be used, 2 a wrong command line.
+#include <iostream>
+#include <iterator>
+#include <string>
+
+#include "pastel/PastelDataSet.h"
+#include "platform/ui/Clock.h"
+#include "platform/ui/ScriptUi.h"
+#include "runtime/RuntimeError.h"
+#include "shell/AppInfo.h"
+#include "shell/Tolmen.h"
+
+namespace {
+
+int Usage() {
+  std::cerr << "usage: pasteldata create DIR < SET.json\n"
+               "       pasteldata dump DIR FILE\n";
+  return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace tolmen;
+  const std::string command = argc > 1 ? argv[1] : "";
+  if (!((command == "create" && argc == 3) || (command == "dump" && argc == 4))) return Usage();
+  const std::string folder = argv[2];
+
+  // Nothing here asks the user anything; a message a codec might show goes to stderr.
+  RealClock clock;
+  ScriptUi ui({}, &std::cerr, clock, "pasteldata");
+  Tolmen app(MakeAppInfo(folder + "/", TOLMEN_VERSION), ui, clock, "");
+  try {
+    if (command == "create") {
+      const std::string text((std::istreambuf_iterator<char>(std::cin)),
+                             std::istreambuf_iterator<char>());
+      CreatePastelSet(app, folder, nlohmann::json::parse(text));
+    } else {
+      std::cout << DumpPastelFile(app, folder, argv[3]).dump(2) << "\n";
+    }
+  } catch (const nlohmann::json::exception& error) {
+    std::cerr << "pasteldata: the JSON cannot be read: " << error.what() << "\n";
+    return 1;
+  } catch (const RuntimeError& error) {
+    std::cerr << "pasteldata: error " << error.Number() << ": " << error.Description() << "\n";
+    return 1;
+  } catch (const std::exception& error) {
+    std::cerr << "pasteldata: " << error.what() << "\n";
+    return 1;
+  }
+  return 0;
+}
