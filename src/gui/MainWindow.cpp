@@ -72,6 +72,8 @@ MainWindow::MainWindow(ScreenModel& model, WindowModel& window, QWidget* parent)
   BuildCentral();
   BuildOptionsDialog();
   BuildSetupDialog();
+  // Wide enough for all six page tabs, with room for the pages to come.
+  resize(760, 520);
   bindings_.push_back(std::make_unique<FormBinding>(model.frmMain, *this, Runner()));
   bindings_.push_back(std::make_unique<FormBinding>(model.frmOptions, *optionsDialog_, Runner()));
   bindings_.push_back(std::make_unique<FormBinding>(model.frmSetup, *setupDialog_, Runner()));
