@@ -1,6 +1,8 @@
 // butil as a user runs it: description files, save files with awkward bytes, and the errors.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+
+#include "common/TempDir.h"
 #include <spawn.h>
 #include <sys/wait.h>
 
@@ -16,25 +18,6 @@ extern char** environ;
 namespace tolmen::test {
 namespace {
 
-class TempDir {
- public:
-  TempDir() {
-    std::random_device random;
-    path_ = std::filesystem::temp_directory_path() /
-            ("tolmen-butil-" + std::to_string(::getpid()) + "-" + std::to_string(random()));
-    std::filesystem::create_directories(path_);
-  }
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-  ~TempDir() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  std::string File(const std::string& name) const { return (path_ / name).string(); }
-
- private:
-  std::filesystem::path path_;
-};
 
 void Write(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;

@@ -12,30 +12,11 @@
 
 #include "platform/recordmanager/BtrCodes.h"
 #include "platform/recordmanager/FileSpec.h"
+#include "common/TempDir.h"
 #include "platform/recordmanager/RecordEngine.h"
 
 namespace tolmen::test {
 
-class TempDir {
- public:
-  TempDir() {
-    std::random_device random;
-    path_ = std::filesystem::temp_directory_path() /
-            ("tolmen-rm-" + std::to_string(::getpid()) + "-" + std::to_string(random()));
-    std::filesystem::create_directories(path_);
-  }
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-  ~TempDir() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  std::string File(const std::string& name) const { return (path_ / name).string(); }
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
 
 // The buffers of one position block.
 class Client {

@@ -1,4 +1,4 @@
-// Opening (names, modes, position blocks), creating (specification checks, replacing) and files
+// Opening (names, modes, position blocks), creating (definition checks, replacing) and files
 // that are not, or no longer, record files.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -93,7 +93,7 @@ TEST(OpenTest, ModesAndPositionBlocks) {
   EXPECT_EQ(writer.Get(kOpGetFirst), kStatusNotOpen) << "a slot used again keeps old blocks out";
 }
 
-TEST(CreateTest, SpecificationsTheEngineCannotKeepAreRefused) {
+TEST(CreateTest, DefinitionsTheEngineCannotKeepAreRefused) {
   struct Case {
     const char* what;
     FileDef def;

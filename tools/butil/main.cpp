@@ -1,5 +1,5 @@
 // butil: the record manager utility's commands over the record engine.
-//   butil -stat FILE                 the file's specification and number of records
+//   butil -stat FILE                 the file's definition and number of records
 //   butil -create FILE DESCRIPTION   a new, empty file as the description file says (an existing
 //                                    file is not replaced)
 //   butil -save FILE OUT             every record in key 0 order, in the unformatted save format

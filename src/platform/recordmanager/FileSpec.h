@@ -1,4 +1,4 @@
-// The record manager's file and key specification layout: what Create reads from its data buffer
+// The record manager's file and key definition layout: what Create reads from its data buffer
 // and what Stat writes into it. The layout lives here and nowhere else; tools that create files
 // describe them with FileDef and let BuildCreateBuffer lay out the bytes.
 #pragma once
@@ -47,7 +47,7 @@ enum class KeyType : uint8_t {
   AutoIncrement = 15,
 };
 
-// One 16-byte key segment specification:
+// One 16-byte key segment definition:
 //    0  2  position, 1-based          6  4  reserved; Stat: unique values of the key
 //    2  2  length                   10  1  extended type
 //    4  2  flags                    11  1  null value
@@ -65,7 +65,7 @@ struct SegmentSpec {
   uint8_t acsNumber = 0;
 };
 
-// The 16-byte file specification, followed by the segments of every key in key order:
+// The 16-byte file definition, followed by the segments of every key in key order:
 //    0  2  record length             10  2  file flags
 //    2  2  page size                 12  2  reserved
 //    4  2  number of keys            14  2  preallocated pages; Stat: unused pages
@@ -83,9 +83,9 @@ struct FileSpec {
 constexpr size_t kFileSpecBytes = 16;
 constexpr size_t kSegmentSpecBytes = 16;
 
-// The bytes of a specification: 16 + 16 per segment.
+// The bytes of a definition: 16 + 16 per segment.
 std::string EncodeFileSpec(const FileSpec& spec);
-// Reads a specification from a Create buffer. The segments are counted by following the
+// Reads a definition from a Create buffer. The segments are counted by following the
 // segmented flag through `keyCount` keys. False when the buffer ends before the last segment.
 bool DecodeFileSpec(std::string_view bytes, FileSpec& spec);
 
@@ -109,7 +109,7 @@ struct FileDef {
   std::vector<KeyDef> keys;
 };
 
-// The specification of a described file: every segment carries its key's duplicate and
+// The definition of a described file: every segment carries its key's duplicate and
 // modifiable flags, the extended-type flag and its type; all but a key's last segment carry the
 // segmented flag.
 FileSpec ToFileSpec(const FileDef& def);

@@ -34,7 +34,7 @@ struct KeyModel {
 // old-style binary flag.
 KeyType SegmentType(const SegmentSpec& segment);
 
-// Checks a specification and builds its keys. Returns 0 or the status Create gives for it: 24
+// Checks a definition and builds its keys. Returns 0 or the status Create gives for it: 24
 // page size, 26 key count, 27 key position, 28 record length, 29 key length (also a length the
 // type does not have), 45 a flag or type the engine does not collate (alternate collating
 // sequences, null keys, types other than those above), 55 an AUTOINCREMENT segment that is not a

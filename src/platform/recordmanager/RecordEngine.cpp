@@ -188,7 +188,7 @@ int16_t RecordEngine::Impl::Create(Call& c) {
   const size_t length = c.dataLen < 0 ? 0 : static_cast<size_t>(c.dataLen);
   if (length > c.dataBuf.size() ||
       !DecodeFileSpec(std::string_view(c.dataBuf).substr(0, length), spec)) {
-    return kStatusInvalidPageSize;  // the buffer does not hold the specification it announces
+    return kStatusInvalidPageSize;  // the buffer does not hold the definition it announces
   }
   bool exists = false;
   const std::string target = CreationPathNoCase(path, exists);

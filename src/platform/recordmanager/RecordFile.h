@@ -1,4 +1,4 @@
-// One record file: an SQLite database holding the file's specification and its records, with one
+// One record file: an SQLite database holding the file's definition and its records, with one
 // column per key encoded so that byte order is key order (KeyCodec.h) and an index per key.
 //
 //   tolmen_file      one row: format, version, record length, page size, file flags, number of
