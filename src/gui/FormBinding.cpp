@@ -349,6 +349,7 @@ void FormBinding::Copy(Entry& entry) {
   if (!widget) return;
   widget->setEnabled(control.Enabled());
   if (!widget->isWindow()) widget->setVisible(control.Visible());
+  widget->setToolTip(ToQt(control.ToolTipText()));
 
   if (auto* box = As<QCheckBox>(object)) {
     auto& model = static_cast<CheckBox&>(control);
@@ -370,6 +371,7 @@ void FormBinding::Copy(Entry& entry) {
     QString text = ToQt(model.Text());
     if (line->text() != text) line->setText(text);
     line->setReadOnly(model.Locked());
+    line->setEchoMode(model.PasswordChar().empty() ? QLineEdit::Normal : QLineEdit::Password);
     if (entry.seenCaret != model.SelStartRevision()) {
       line->setCursorPosition(model.SelStart());
       entry.seenCaret = model.SelStartRevision();

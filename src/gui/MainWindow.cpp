@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QStyle>
 #include <QTabWidget>
@@ -120,12 +121,13 @@ void MainWindow::BuildCentral() {
     auto* page = new QWidget;
     page->setObjectName(QString("tabDlgPage%1").arg(index));
     auto* pageLayout = new QVBoxLayout(page);
-    auto* placeholder = new QLabel(ToQt(form.tabDlg.TabCaption(index)) + " page");
-    placeholder->setObjectName(QString("placeholder%1").arg(index));
-    pageLayout->addWidget(placeholder);
     BuildPage(index, page);
     pageLayout->addStretch();
-    tabs_->addTab(page, ToQt(form.tabDlg.TabCaption(index)));
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(page);
+    tabs_->addTab(scroll, ToQt(form.tabDlg.TabCaption(index)));
   }
   layout->addWidget(tabs_, 1);
 
@@ -139,37 +141,94 @@ void MainWindow::BuildCentral() {
   setCentralWidget(central);
 }
 
+namespace {
+
+// A widget of the right kind for a page's control.
+QWidget* WidgetFor(Control& control) {
+  switch (control.Kind()) {
+    case ControlKind::Button:
+      return Named<QPushButton>(control);
+    case ControlKind::CheckBox:
+      return Named<QCheckBox>(control);
+    case ControlKind::OptionButton:
+      return Named<QRadioButton>(control);
+    case ControlKind::TextBox:
+      return Named<QLineEdit>(control);
+    case ControlKind::ListBox:
+      return Named<QListWidget>(control);
+    case ControlKind::ComboBox: {
+      auto* combo = Named<QComboBox>(control);
+      combo->setEditable(static_cast<ComboBox&>(control).Editable());
+      combo->setMinimumContentsLength(20);
+      return combo;
+    }
+    case ControlKind::ProgressBar:
+      return Named<QProgressBar>(control);
+    default: {
+      auto* label = Named<QLabel>(control);
+      label->setWordWrap(true);
+      // Frames ("fra...") head a group of controls.
+      if (control.Name().rfind("fra", 0) == 0) {
+        QFont font = label->font();
+        font.setBold(true);
+        label->setFont(font);
+      }
+      return label;
+    }
+  }
+}
+
+}  // namespace
+
 void MainWindow::BuildPage(int index, QWidget* page) {
   MainForm& form = model_.frmMain;
   auto* layout = static_cast<QVBoxLayout*>(page->layout());
-  switch (index) {
-    case MainForm::kTabToPastel:
-      layout->addWidget(Named<QLabel>(form.lblUDFkey));
-      break;
-    case MainForm::kTabToMaximizer:
-      layout->addWidget(Named<QLabel>(form.lblAging));
-      break;
-    case MainForm::kTabTransfer: {
-      auto* heading = Named<QLabel>(form.lblHeading);
-      QFont font = heading->font();
-      font.setBold(true);
-      font.setPointSizeF(font.pointSizeF() * 1.4);
-      heading->setFont(font);
-      layout->addWidget(heading);
-      for (int line : form.lblProgress.Indexes()) {
-        auto* label = Named<QLabel>(form.lblProgress(line));
-        label->setWordWrap(true);
-        layout->addWidget(label);
-      }
-      layout->addWidget(Named<QProgressBar>(form.ProgressBar1));
-      animation_ = Named<QLabel>(form.Animation1);
-      animation_->setAlignment(Qt::AlignCenter);
-      layout->addWidget(animation_);
-      break;
+  if (index == MainForm::kTabTransfer) {
+    auto* heading = Named<QLabel>(form.lblHeading);
+    QFont font = heading->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    heading->setFont(font);
+    layout->addWidget(heading);
+    for (int line : form.lblProgress.Indexes()) {
+      auto* label = Named<QLabel>(form.lblProgress(line));
+      label->setWordWrap(true);
+      layout->addWidget(label);
     }
-    default:
-      break;
+    layout->addWidget(Named<QProgressBar>(form.ProgressBar1));
+    animation_ = Named<QLabel>(form.Animation1);
+    animation_->setAlignment(Qt::AlignCenter);
+    layout->addWidget(animation_);
   }
+  // The page's other controls in the order they were registered, two to a row: a label ("lbl...")
+  // beside the control it names, everything else on a row of its own.
+  auto* grid = new QGridLayout;
+  int row = 0;
+  QWidget* pendingLabel = nullptr;
+  for (Control* control : form.AllControls()) {
+    if (control->Page() != index || control->PageOwner() != &form.tabDlg) continue;
+    if (control == &form.lblHeading || control == &form.ProgressBar1 ||
+        control == &form.Animation1 || control->Name() == "lblProgress")
+      continue;
+    QWidget* widget = WidgetFor(*control);
+    const bool isLabel =
+        control->Kind() == ControlKind::Label && control->Name().rfind("lbl", 0) == 0;
+    if (pendingLabel && !isLabel && control->Kind() != ControlKind::Button) {
+      grid->addWidget(pendingLabel, row, 0);
+      grid->addWidget(widget, row++, 1);
+      pendingLabel = nullptr;
+      continue;
+    }
+    if (pendingLabel) grid->addWidget(pendingLabel, row++, 0, 1, 2);
+    pendingLabel = nullptr;
+    if (isLabel) {
+      pendingLabel = widget;
+      continue;
+    }
+    grid->addWidget(widget, row++, 0, 1, 2);
+  }
+  if (pendingLabel) grid->addWidget(pendingLabel, row++, 0, 1, 2);
+  layout->addLayout(grid);
 }
 
 void MainWindow::BuildOptionsDialog() {

@@ -6,10 +6,10 @@
 // to the form's RequestClose - for frmMain through the WindowModel, so that the application's
 // close hook decides. F1 anywhere runs cmdHelp's click handler.
 //
-// The tab pages are filled by the modules that own them: page N is a QWidget "tabDlgPageN" with a
-// QVBoxLayout holding a placeholder label "placeholderN" that names the page; BuildPage() is
-// where a page's widgets are created, named after their controls, before the binding looks for
-// them. A control without a widget is listed by Unbound().
+// Page N of the tab control is a QWidget "tabDlgPageN" in a scroll area. BuildPage() creates a
+// widget for each control registered on the page, named after it, in the order of registration
+// (a label beside the control that follows it), before the binding looks for them. A control
+// without a widget is listed by Unbound().
 #pragma once
 
 #include <QDialog>

@@ -143,7 +143,7 @@ bool OpenPastelSteps(Tolmen& app, bool& result) {
   ClosePasFiles(app);
   app.ui.Yield();
 
-  std::string folder = files.Dir1Path;
+  std::string folder = app.screen.frmMain.Dir1.Text();
   if (Right(folder, 1) != "/") folder += "/";
 
   for (;;) {
@@ -179,7 +179,7 @@ bool OpenPastelSteps(Tolmen& app, bool& result) {
   const PastelProductVersion decided = DecidePastelProduct(versionText);
   app.pastel.PastelProduct = decided.product;
   app.pastel.PastelVersion = decided.version;
-  files.PastelFrameCaption = "Pastel Accounts Ver " + app.pastel.PastelVersion;
+  app.screen.frmMain.fraPastel.SetCaption("Pastel Accounts Ver " + app.pastel.PastelVersion);
 
   const std::string& br = app.info.LineBreak;
   if (app.pastel.PastelProduct != kExpectedPastelProduct) {
@@ -374,7 +374,7 @@ void ClosePasFiles(Tolmen& app) {
       stage = caller;
     }
   } guard{files.closing, app.run.CurrentSection, caller};
-  files.PastelFrameCaption = "Pastel Accounts: ";
+  app.screen.frmMain.fraPastel.SetCaption("Pastel Accounts: ");
   app.run.CurrentSection = "Closing files in ClosePasFiles from " + caller;
   files.CloseAndReleaseAll();
   app.run.CurrentSection = "Closed files in ClosePasFiles from " + caller;
@@ -384,9 +384,15 @@ void ClosePasFiles(Tolmen& app) {
   }
 }
 
-void Dir1_Change(Tolmen& app, const std::string& folder) {
-  app.pastelFiles.Dir1Path = folder;
-  app.pastelFiles.PastelFrameCaption = "Pastel Accounts";
+void Dir1_Change(Tolmen& app) {
+  app.billing.InventoryLoaded = false;
+  app.screen.frmMain.fraPastel.SetCaption("Pastel Accounts");
+}
+
+void Drive1_Change(Tolmen& app) {
+  app.billing.InventoryLoaded = false;
+  app.screen.frmMain.fraPastel.SetCaption("Pastel Accounts");
+  app.screen.frmMain.Dir1.SetText(app.screen.frmMain.Drive1.Text());
 }
 
 }  // namespace tolmen

@@ -19,7 +19,7 @@ inline constexpr const char* kExpectedPastelProduct = "Pastel Accounting 2007 (9
 // True when every file is open and initialised, false otherwise, with one exception: when the
 // user file cannot be opened the answer is true although only the system parameter file is open
 // and PastelDataPath has not been set (that is how the routine has always stood). The folder
-// comes from the folder list (PastelFiles::Dir1Path); a wrong one is asked for again in an input
+// comes from the folder list (frmMain.Dir1); a wrong one is asked for again in an input
 // box, and an empty answer ends with false.
 bool OpenPastel(Tolmen& app);
 
@@ -36,9 +36,11 @@ void SetPastelFormats(Tolmen& app, PastelFormat which);
 // caller's again afterwards.
 void ClosePasFiles(Tolmen& app);
 
-// The folder list's change: the new folder is selected and the Pastel frame reads
+// The folder list's change: the inventory list must be read again and the Pastel frame reads
 // "Pastel Accounts" again.
-void Dir1_Change(Tolmen& app, const std::string& folder);
+void Dir1_Change(Tolmen& app);
+// The drive list's change: the same, and the folder list moves to the drive.
+void Drive1_Change(Tolmen& app);
 
 // The product and the version shown for the version text of the system parameters (already
 // trimmed). A text starting with "9" holds two binary bytes behind the 9: "9\x01\x05" gives

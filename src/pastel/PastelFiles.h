@@ -59,10 +59,6 @@ class PastelFiles {
   // Closes the Maximizer client file; ClosePasFiles calls it when it is set.
   std::function<void(Tolmen&)> closeClientFile;
 
-  // The folder list's selected folder (Dir1.Path).
-  std::string Dir1Path;
-  // The caption of the Pastel frame on the wizard's first page.
-  std::string PastelFrameCaption = "Pastel Accounts";
   // ClosePasFiles' guard against re-entry.
   bool closing = false;
 

@@ -3,6 +3,7 @@
 // Clock and temporary folders.
 #pragma once
 
+#include "billing/BillingState.h"
 #include "pastel/PastelFiles.h"
 #include "pastel/PastelSetState.h"
 #include "platform/recordmanager/RecordEngine.h"
@@ -13,6 +14,7 @@
 #include "shell/RunLog.h"
 #include "shell/Settings.h"
 #include "shell/ShellState.h"
+#include "templates/RunOptions.h"
 #include "toolkit/quilletToolkit.h"
 #include "transfer/RunState.h"
 #include "wizard/ScreenModel.h"
@@ -36,6 +38,8 @@ class Tolmen {
   Settings settings;
   ShellState shell;
   RunState run;
+  RunOptions options;
+  BillingState billing;
   PastelSetState pastel;
   RunLog log;
   RecordEngine engine;

@@ -73,6 +73,12 @@ void Control::SetVisible(bool on) {
   Changed();
 }
 
+void Control::SetToolTipText(const std::string& text) {
+  if (toolTip_ == text) return;
+  toolTip_ = text;
+  Changed();
+}
+
 void Control::Raise(const Handler& handler) {
   if (!handler) return;
   if (eventDepth_ >= kMaxEventDepth) throw RuntimeError(28);

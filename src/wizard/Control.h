@@ -60,6 +60,9 @@ class Control {
   void SetEnabled(bool on);
   bool Visible() const { return visible_; }
   void SetVisible(bool on);
+  // The tip shown while the pointer rests on the control.
+  const std::string& ToolTipText() const { return toolTip_; }
+  void SetToolTipText(const std::string& text);
 
   // The tab page the control sits on, if any: a user cannot reach it while that page is hidden,
   // disabled or not the one showing.
@@ -95,6 +98,7 @@ class Control {
   int index_ = -1;
   bool enabled_ = true;
   bool visible_ = true;
+  std::string toolTip_;
   const TabControl* pageOwner_ = nullptr;
   int page_ = -1;
   Handler onClick_;

@@ -58,6 +58,9 @@ class TextBox : public Control {
   void SetMultiLine(bool on) { multiLine_ = on; }
   bool Locked() const { return locked_; }
   void SetLocked(bool on);
+  // A password box shows this character in place of each one typed; empty for a plain box.
+  const std::string& PasswordChar() const { return passwordChar_; }
+  void SetPasswordChar(const std::string& shown) { passwordChar_ = shown; }
   int SelStart() const { return selStart_; }
   void SetSelStart(int position);
   // Counts SetSelStart calls, so that a front-end moves its caret only when code asked for it.
@@ -73,6 +76,7 @@ class TextBox : public Control {
   std::string text_;
   bool multiLine_ = false;
   bool locked_ = false;
+  std::string passwordChar_;
   int selStart_ = 0;
   unsigned long selStartRevision_ = 0;
   Handler onChange_;

@@ -84,6 +84,17 @@ MainForm::MainForm() : Form("frmMain", "Tolmen") {
   Register(lblProgress, tabDlg, kTabTransfer);
   Register(ProgressBar1, tabDlg, kTabTransfer);
   Register(Animation1, tabDlg, kTabTransfer);
+  RegisterPage(OpenPageControls(), kTabOpen);
+  RegisterPage(ToPastelPageControls(), kTabToPastel);
+  RegisterPage(ToMaximizerPageControls(), kTabToMaximizer);
+  RegisterPage(RecurringBillingPageControls(), kTabRecurringBilling);
+  RegisterPage(CasualBillingPageControls(), kTabCasualBilling);
+  RegisterPage(TransferPageControls(), kTabTransfer);
+}
+
+void MainForm::RegisterPage(const PageControls& page, int tab) {
+  for (Control* control : page.controls) Register(*control, tabDlg, tab);
+  for (ControlArrayBase* array : page.arrays) Register(*array, tabDlg, tab);
 }
 
 }  // namespace tolmen

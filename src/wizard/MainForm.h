@@ -2,8 +2,8 @@
 // status label, the Transfer page's heading, progress labels, bar and animation, the "Today is"
 // box, the logo and the two timers.
 //
-// The pages' own controls are added by the modules that fill them, each as a member here and one
-// Register line (with its page) in the constructor.
+// Each page's own controls are a struct of their own under src/wizard/pages/, which frmMain
+// inherits; adding a control there is one member line and one entry in the page's list.
 //
 // Fixed layout choices:
 // - lblProgress(0) is the Transfer page's instruction line ("Click the 'Import' button ..."),
@@ -20,10 +20,22 @@
 #include "wizard/Menu.h"
 #include "wizard/OptionButton.h"
 #include "wizard/TabControl.h"
+#include "wizard/pages/CasualBillingPage.h"
+#include "wizard/pages/OpenPage.h"
+#include "wizard/pages/RecurringBillingPage.h"
+#include "wizard/pages/ToMaximizerPage.h"
+#include "wizard/pages/ToPastelPage.h"
+#include "wizard/pages/TransferPage.h"
 
 namespace tolmen {
 
-class MainForm : public Form {
+class MainForm : public Form,
+                 public OpenPage,
+                 public ToPastelPage,
+                 public ToMaximizerPage,
+                 public RecurringBillingPage,
+                 public CasualBillingPage,
+                 public TransferPage {
  public:
   // The pages of tabDlg.
   static constexpr int kTabOpen = 0;
@@ -35,6 +47,10 @@ class MainForm : public Form {
 
   MainForm();
 
+ private:
+  void RegisterPage(const PageControls& page, int tab);
+
+ public:
   TabControl tabDlg{"tabDlg"};
   Button cmdBack{"cmdBack", "<< &Back"};
   Button cmdNext{"cmdNext", "&Next >>"};

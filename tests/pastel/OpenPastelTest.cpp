@@ -30,7 +30,7 @@ class OpenPastelTest : public PastelSetTest {
   bool Open(const std::vector<std::string>& script, double now = DateSerial(2024, 6, 15) + 0.5) {
     Start(script, now);
     MakeSet();
-    app_->pastelFiles.Dir1Path = (root_ / "set").string();  // no trailing '/': one is added
+    app_->screen.frmMain.Dir1.SetText((root_ / "set").string());  // no trailing '/': one is added
     return OpenPastel(*app_);
   }
   bool Has(const std::string& text) const { return Transcript().find(text) != std::string::npos; }
@@ -55,7 +55,7 @@ TEST_F(OpenPastelTest, Version9OpensEverythingAndWorksOutTheState) {
   EXPECT_EQ(set.PastelFirstUserTag, "MANAGER");
   EXPECT_EQ(set.PastelNumberFormat, "\\R,###,##0.00");
   EXPECT_EQ(set.PastelDateMask, "##/##/####");
-  EXPECT_EQ(app_->pastelFiles.PastelFrameCaption, "Pastel Accounts Ver 9.1.5");
+  EXPECT_EQ(app_->screen.frmMain.fraPastel.Caption(), "Pastel Accounts Ver 9.1.5");
   const Label& note = app_->screen.frmMain.lblAging;
   EXPECT_EQ(note.Caption(), "Aging Note: Pastel is in Period 4 ending Jun 2024");
   EXPECT_EQ(note.BackColor(), vbButtonFace);
@@ -69,7 +69,7 @@ TEST_F(OpenPastelTest, Version9OpensEverythingAndWorksOutTheState) {
   EXPECT_EQ(FormatDate(files.GParm().default_(49).Value(), "dd/mm/yyyy"), "28/02/2025");
   ClosePasFiles(*app_);
   EXPECT_EQ(files.LiveObjects(), 0);
-  EXPECT_EQ(files.PastelFrameCaption, "Pastel Accounts: ");
+  EXPECT_EQ(app_->screen.frmMain.fraPastel.Caption(), "Pastel Accounts: ");
 
   // A month later the ageing period is no longer the present month: red.
   ASSERT_TRUE(Open({}, DateSerial(2024, 7, 2)));
@@ -122,7 +122,7 @@ TEST_F(OpenPastelTest, OtherVersionsAskBeforeOpening) {
   Files()["AccPrmsy.dat"] = json::array({{{"1", "1"}, {"@904", "V7 "}}});
   EXPECT_TRUE(Open({"Yes"}));
   EXPECT_EQ(app_->pastel.PastelProduct, "Pastel Accounting 2004 (7)");
-  EXPECT_EQ(app_->pastelFiles.PastelFrameCaption, "Pastel Accounts Ver V7");
+  EXPECT_EQ(app_->screen.frmMain.fraPastel.Caption(), "Pastel Accounts Ver V7");
   EXPECT_TRUE(Has("== MsgBox | DANGER: Pastel Accounting 2004 (7) |"));
   EXPECT_TRUE(app_->pastelFiles.Debtor().IsOpen);
 
@@ -136,7 +136,7 @@ TEST_F(OpenPastelTest, WrongFolderIsAskedForUntilCancelled) {
   Start({"= " + empty, "Cancel"});
   MakeSet();
   fs::remove(Folder() + "AccPrmsy.dat");
-  app_->pastelFiles.Dir1Path = Folder();
+  app_->screen.frmMain.Dir1.SetText(Folder());
   EXPECT_FALSE(OpenPastel(*app_));
   // The toolkit's test passes, the system parameter file is missing.
   EXPECT_TRUE(Has("== InputBox | " + kTitle + " | " + Folder() +
@@ -160,7 +160,7 @@ TEST_F(OpenPastelTest, WrongFolderIsAskedForUntilCancelled) {
   set_ = DemoSet();
   MakeSet();
   Start({"= " + Folder()});
-  app_->pastelFiles.Dir1Path = empty;
+  app_->screen.frmMain.Dir1.SetText(empty);
   EXPECT_TRUE(OpenPastel(*app_));
   EXPECT_EQ(app_->pastel.PastelDataPath, Folder());
 }
