@@ -17,6 +17,7 @@
 #include "runtime/Format.h"
 #include "runtime/Strings.h"
 #include "runtime/Trap.h"
+#include "shell/Busy.h"
 #include "shell/RunLog.h"
 #include "shell/Tolmen.h"
 #include "toolkit/quilletToolkit.h"
@@ -27,17 +28,8 @@ namespace {
 constexpr const char* kSettingsSection = "Settings";
 constexpr int kVersionOffset = 904;  // where older system parameter files keep the version
 
-// The hourglass, nested: on raises the count, off lowers it and restores the pointer below 1.
-void SetBusy(Tolmen& app) {
-  ++app.shell.BusyCount;
-  app.ui.SetBusyPointer(true);
-}
-
 void SetBusyEnd(Tolmen& app) {
-  if (--app.shell.BusyCount < 1) {
-    app.shell.BusyCount = 0;
-    app.ui.SetBusyPointer(false);
-  }
+  SetBusy(app, true);
 }
 
 // The lines of a message joined by the program's line break.

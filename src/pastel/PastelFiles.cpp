@@ -1,6 +1,5 @@
 #include "pastel/PastelFiles.h"
 
-#include "pastel/ImportLineWriter.h"
 #include "pastel/pasDCParm.h"
 #include "pastel/pasDcodeFile.h"
 #include "pastel/pasDebtor.h"
@@ -85,11 +84,6 @@ void PastelFiles::CloseAndReleaseAll() {
 
 void PastelFiles::ReleaseUParm() {
   uparm_.reset();
-}
-
-ImportLineWriter& RequireLineWriter(Tolmen& app) {
-  if (!app.pastelFiles.lineWriter) throw RuntimeError(91);
-  return *app.pastelFiles.lineWriter;
 }
 
 }  // namespace tolmen

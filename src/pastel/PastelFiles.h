@@ -15,7 +15,6 @@
 namespace tolmen {
 
 class Tolmen;
-class ImportLineWriter;
 class pasGParm;
 class pasDCParm;
 class pasUser;
@@ -53,9 +52,6 @@ class PastelFiles {
   // Releases the system parameters' object (it is not closed here).
   void ReleaseUParm();
 
-  // Where INSERT and UPDATE of the debtor and history classes send their import lines. Set by
-  // the module that owns the import files; nullptr until then.
-  ImportLineWriter* lineWriter = nullptr;
   // Closes the Maximizer client file; ClosePasFiles calls it when it is set.
   std::function<void(Tolmen&)> closeClientFile;
 
@@ -73,8 +69,5 @@ class PastelFiles {
   std::unique_ptr<pasDelivery> delivery_;
   std::unique_ptr<pasDcodeFile> dcode_;
 };
-
-// The writer of import lines; raises RuntimeError(91) when none is set.
-ImportLineWriter& RequireLineWriter(Tolmen& app);
 
 }  // namespace tolmen

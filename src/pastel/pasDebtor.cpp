@@ -1,8 +1,8 @@
 #include "pastel/pasDebtor.h"
 
-#include "pastel/ImportLineWriter.h"
 #include "pastel/PastelFiles.h"
 #include "shell/Tolmen.h"
+#include "transfer/ImportFiles.h"
 
 namespace tolmen {
 namespace {
@@ -59,7 +59,7 @@ void pasDebtor::DELETE() {
 void pasDebtor::WriteLine() {
   STATUS_ = 0;
   if (!app_.run.WriteCsv) return;
-  RequireLineWriter(app_).DebtorLine(app_, *this);
+  WriteCustomerLine(app_, DebtorCsvLine(*this, app_.pastelFiles.Delivery()));
 }
 
 }  // namespace tolmen

@@ -20,8 +20,8 @@ class pasDebtor : public PastelRecord {
   void DELETE();
   void UNLOCK_() { IO(27); }
   void GET_BY_PERCENT() {}
-  // STATUS_ becomes 0; with the run's WriteCsv on, the import-line writer writes the customer
-  // line. Raises RuntimeError(91) when WriteCsv is on and no writer is set.
+  // STATUS_ becomes 0; with the run's WriteCsv on, the customer line of this debtor and the open
+  // set's delivery record goes to the run's customer file.
   void WriteLine();
 };
 

@@ -1,8 +1,8 @@
 #include "pastel/pasHisDetail.h"
 
-#include "pastel/ImportLineWriter.h"
 #include "pastel/PastelFiles.h"
 #include "shell/Tolmen.h"
+#include "transfer/ImportFiles.h"
 
 namespace tolmen {
 namespace {
@@ -35,7 +35,7 @@ pasHisDetail::pasHisDetail(Tolmen& app) : PastelRecord(app, "clsStk", kRecordLen
 
 void pasHisDetail::WriteLine() {
   if (!app_.run.WriteCsv) return;
-  RequireLineWriter(app_).DetailLine(app_, *this);
+  WriteInvoiceLine(app_, DetailCsvLine(*this));
 }
 
 }  // namespace tolmen

@@ -1,8 +1,8 @@
 #include "pastel/pasHisHeader.h"
 
-#include "pastel/ImportLineWriter.h"
 #include "pastel/PastelFiles.h"
 #include "shell/Tolmen.h"
+#include "transfer/ImportFiles.h"
 
 namespace tolmen {
 namespace {
@@ -34,7 +34,7 @@ pasHisHeader::pasHisHeader(Tolmen& app)
 
 void pasHisHeader::WriteLine() {
   if (!app_.run.WriteCsv) return;
-  RequireLineWriter(app_).HeaderLine(app_, *this);
+  WriteInvoiceLine(app_, HeaderCsvLine(*this));
 }
 
 }  // namespace tolmen

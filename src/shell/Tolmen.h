@@ -16,6 +16,7 @@
 #include "shell/ShellState.h"
 #include "templates/RunOptions.h"
 #include "toolkit/quilletToolkit.h"
+#include "transfer/ImportFiles.h"
 #include "transfer/RunState.h"
 #include "wizard/ScreenModel.h"
 
@@ -40,6 +41,7 @@ class Tolmen {
   RunState run;
   RunOptions options;
   BillingState billing;
+  ImportFileHandles importFiles;
   PastelSetState pastel;
   RunLog log;
   RecordEngine engine;

@@ -5,7 +5,6 @@
 #include <cstring>
 
 #include "PastelTestSet.h"
-#include "pastel/ImportLineWriter.h"
 #include "pastel/pasDCParm.h"
 #include "pastel/pasDcodeFile.h"
 #include "pastel/pasDebtor.h"
@@ -271,56 +270,6 @@ TEST_F(RecordClassTest, ProtocolOpensWalksSearchesAndWrites) {
   EXPECT_EQ(debtor.RecordCount(), 3);
   debtor.GET_EQUAL("NEW001");
   EXPECT_EQ(debtor.STATUS_, 4);
-}
-
-class RecordingWriter : public ImportLineWriter {
- public:
-  void DebtorLine(Tolmen&, pasDebtor& debtor) override {
-    lines.push_back("debtor " + debtor.default_(2).Text());
-  }
-  void HeaderLine(Tolmen&, pasHisHeader& header) override {
-    lines.push_back("header " + header.default_(2).Text());
-  }
-  void DetailLine(Tolmen&, pasHisDetail& detail) override {
-    lines.push_back("detail " + detail.default_(4).Text());
-  }
-  std::vector<std::string> lines;
-};
-
-TEST_F(RecordClassTest, InsertAndUpdateHandImportLinesToTheWriter) {
-  Start({});
-  pasDebtor debtor(*app_);
-  pasHisHeader header(*app_);
-  pasHisDetail detail(*app_);
-  pasDelivery delivery(*app_);
-  debtor.default_(2, "ABC001");
-  header.default_(2, "INV1");
-  detail.default_(4, "ITEM");
-
-  app_->run.WriteCsv = true;
-  try {
-    debtor.INSERT();
-    ADD_FAILURE() << "a line with nobody to write it";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Number(), 91);
-  }
-
-  RecordingWriter writer;
-  app_->pastelFiles.lineWriter = &writer;
-  debtor.INSERT();
-  debtor.UPDATE();
-  header.INSERT();
-  detail.UPDATE();
-  delivery.STATUS_ = 5;
-  delivery.INSERT();
-  EXPECT_EQ(delivery.STATUS_, 5);
-  app_->run.WriteCsv = false;
-  debtor.INSERT();
-  header.UPDATE();
-  detail.INSERT();
-  EXPECT_EQ(writer.lines, (std::vector<std::string>{"debtor ABC001", "debtor ABC001",
-                                                    "header " + Padded("INV1", 8),
-                                                    "detail " + Padded("ITEM", 15)}));
 }
 
 }  // namespace

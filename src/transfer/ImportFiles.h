@@ -1,0 +1,54 @@
+// The customer and invoice import files that Pastel's own import reads: "MaxCus<NN>.csv" and
+// "MaxInv<NN>.csv" in the Pastel data folder, lines ended by CR LF. Each run takes the next number;
+// nothing is appended to an older file.
+//
+// The customer line (44 columns) comes from pasDebtor with the open set's pasDelivery, the
+// "Header" line (28 columns) from pasHisHeader, the "Detail" line (14 columns) from pasHisDetail.
+// A write that fails (a full disk) raises RuntimeError 61 or 57 to the caller's error trap.
+#pragma once
+
+#include <fstream>
+#include <string>
+
+namespace tolmen {
+
+class Tolmen;
+class pasDebtor;
+class pasDelivery;
+class pasHisHeader;
+class pasHisDetail;
+
+// The two open files of a run; closed between runs.
+struct ImportFileHandles {
+  std::ofstream customer;
+  std::ofstream invoice;
+};
+
+struct ImportFileNames {
+  std::string customer;
+  std::string invoice;
+};
+
+// The next pair of names in `folder` (with its trailing '/'): the name of the "MaxCus*.csv" files
+// that sorts highest without regard to case gives the number, read from its seventh character on,
+// plus 1, with at least two digits. As the comparison is of text, "MaxCus100.csv" sorts below
+// "MaxCus99.csv" and the number stays at 100 from there on.
+ImportFileNames NumberImportFiles(const std::string& folder);
+
+// Opens CsvFileName for output, replacing an old file, and InvoiceFileName when the run raises
+// invoices (else deletes that file, passing over errors). A failure asks OK (try again) or Cancel
+// (false).
+bool OpenCsvFiles(Tolmen& app);
+// Closes both files when the customer file is open; nothing otherwise.
+void CloseCsvFiles(Tolmen& app);
+
+// The lines, without their CR LF.
+std::string DebtorCsvLine(pasDebtor& debtor, pasDelivery& delivery);
+std::string HeaderCsvLine(pasHisHeader& header);
+std::string DetailCsvLine(pasHisDetail& detail);
+
+// Append one line to the open customer or invoice file.
+void WriteCustomerLine(Tolmen& app, const std::string& line);
+void WriteInvoiceLine(Tolmen& app, const std::string& line);
+
+}  // namespace tolmen
