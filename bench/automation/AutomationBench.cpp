@@ -1,0 +1,171 @@
+// Round trips per second between Tolmen's automation client and a real maxsim: the demo address
+// book is made with `maxsim init` in a temporary folder and served on a socket there; the
+// benchmarks then call through the automation objects as the system's client loop does.
+//   GetBusyIndicator   the smallest call
+//   GetFieldValue      one field of the current client
+//   LineDownAndRead    ScrollList("LineDown") and a field, back to the top at the end
+//   SetFieldValue      a UDF write: maxsim's store and the client's record in MXZC.MAX
+// maxsim is found beside this executable.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/automation/MaximizerAutomation.h"
+#include "platform/ui/Clock.h"
+
+extern char** environ;
+
+namespace tolmen::bench {
+namespace {
+
+// Runs maxsim; its pid, with its stdout on `out` when asked for.
+pid_t Spawn(const std::string& program, std::vector<std::string> args, int* out) {
+  args.insert(args.begin(), program);
+  std::vector<char*> argv;
+  for (std::string& arg : args) argv.push_back(arg.data());
+  argv.push_back(nullptr);
+  int ends[2] = {-1, -1};
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  if (out != nullptr && ::pipe2(ends, O_CLOEXEC) == 0)
+    posix_spawn_file_actions_adddup2(&actions, ends[1], 1);
+  pid_t pid = -1;
+  if (posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), environ) != 0) pid = -1;
+  posix_spawn_file_actions_destroy(&actions);
+  if (out != nullptr) {
+    ::close(ends[1]);
+    *out = ends[0];
+  }
+  return pid;
+}
+
+class Instance {
+ public:
+  Instance() {
+    const std::filesystem::path bin = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    const std::string maxsim = (bin / "maxsim").string();
+    dir_ = std::filesystem::temp_directory_path() /
+           ("tolmen-bench-automation-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(dir_);
+    socket_ = (dir_ / "maximizer.sock").string();
+    const std::string db = (dir_ / "db").string();
+    int status = 0;
+    const pid_t init = Spawn(
+        maxsim,
+        {"init", db, "--from", std::string(TOLMEN_SOURCE_DIR) + "/tools/maxsim/samples/demo.json"},
+        nullptr);
+    if (init < 0 || ::waitpid(init, &status, 0) != init || status != 0) return;
+    int out = -1;
+    pid_ = Spawn(maxsim, {"serve", db, "--socket", socket_}, &out);
+    pollfd wait{out, POLLIN, 0};
+    char buffer[16];
+    ready_ = pid_ > 0 && ::poll(&wait, 1, 10000) == 1 && ::read(out, buffer, sizeof buffer) > 0;
+    ::close(out);
+  }
+  ~Instance() {
+    if (pid_ > 0) {
+      ::kill(pid_, SIGTERM);
+      ::waitpid(pid_, nullptr, 0);
+    }
+    std::error_code ignored;
+    std::filesystem::remove_all(dir_, ignored);
+  }
+  bool Ready() const { return ready_; }
+  const std::string& Socket() const { return socket_; }
+
+ private:
+  std::filesystem::path dir_;
+  std::string socket_;
+  pid_t pid_ = -1;
+  bool ready_ = false;
+};
+
+// What the benchmarks share; set up by main before they run.
+struct Link {
+  VirtualClock clock{46349.375};  // 23 November 2026 09:00
+  std::unique_ptr<MaxAttachObject> attach;
+  std::shared_ptr<MaxApplicationObject> app;
+  std::shared_ptr<MaxRecordObject> record;
+};
+Link* link = nullptr;
+
+void Report(benchmark::State& state, int callsPerIteration) {
+  state.counters["round_trips/s"] = benchmark::Counter(
+      static_cast<double>(state.iterations() * callsPerIteration), benchmark::Counter::kIsRate);
+}
+
+void GetBusyIndicator(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(link->app->GetBusyIndicator());
+  Report(state, 1);
+}
+
+void GetFieldValue(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(link->record->GetFieldValue("Identification"));
+  Report(state, 1);
+}
+
+void LineDownAndRead(benchmark::State& state) {
+  const int32_t count = link->record->GetListCount();
+  int32_t line = 0;
+  link->record->ScrollList("Top");
+  for (auto _ : state) {
+    if (++line == count) {
+      link->record->ScrollList("Top");
+      line = 0;
+    } else {
+      link->record->ScrollList("LineDown");
+    }
+    benchmark::DoNotOptimize(link->record->GetFieldValue("company"));
+  }
+  Report(state, 2);
+}
+
+void SetFieldValue(benchmark::State& state) {
+  int64_t n = 0;
+  for (auto _ : state) {
+    link->clock.Sleep(1.0);
+    link->record->SetFieldValue("Credit Limit", std::to_string(++n));
+  }
+  Report(state, 1);
+}
+
+BENCHMARK(GetBusyIndicator)->UseRealTime();
+BENCHMARK(GetFieldValue)->UseRealTime();
+BENCHMARK(LineDownAndRead)->UseRealTime();
+BENCHMARK(SetFieldValue)->UseRealTime();
+
+}  // namespace
+}  // namespace tolmen::bench
+
+int main(int argc, char** argv) {
+  using namespace tolmen;
+  benchmark::Initialize(&argc, argv);
+  bench::Instance instance;
+  if (!instance.Ready()) {
+    std::cerr << "bench_automation: maxsim did not start\n";
+    return 1;
+  }
+  bench::Link link;
+  link.attach = MaxAttachObject::Attach(instance.Socket(), link.clock);
+  link.app = link.attach->GetApplicationObject();
+  link.record = link.attach->GetCurrentRecordObject();
+  if (link.app->GetCurrentDBPath() == "n/a") {
+    std::cerr << "bench_automation: maxsim does not answer\n";
+    return 1;
+  }
+  bench::link = &link;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  bench::link = nullptr;
+  return 0;
+}
