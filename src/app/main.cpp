@@ -1,18 +1,23 @@
 // tolmen: picks its front-end, builds the application object and waits for its user.
 //
 // The front-end is TOLMEN_UI (qt, console or script) when set, else qt when a display is there
-// (DISPLAY or WAYLAND_DISPLAY) and console otherwise.
+// (DISPLAY or WAYLAND_DISPLAY) and console otherwise. The command line is argv[1..] joined by
+// blanks, read by the start as it always was (see shell/CommandLine.h).
+//
+// Exit status: 0 where the system ends the process; 1 when the last run counted errors, 2 when a
+// run could not start (or the front-end or the program's folder could not be had), 3 when the
+// last run was cancelled.
 #include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <string>
 
-#include "shell/Application.h"
 #include "platform/ui/Clock.h"
 #include "platform/ui/HeadlessUiFactory.h"
 #include "runtime/Cp1252.h"
 #include "runtime/RuntimeError.h"
 #include "shell/AppInfo.h"
+#include "shell/Application.h"
 #include "shell/ProcessEnd.h"
 #include "shell/Tolmen.h"
 #include "wizard/ScreenActions.h"

@@ -1,6 +1,7 @@
 #include "shell/Application.h"
 
 #include "shell/ProcessEnd.h"
+#include "shell/Startup.h"
 #include "shell/Tolmen.h"
 #include "wizard/WizardHandlers.h"
 
@@ -8,16 +9,17 @@ namespace tolmen {
 
 int RunApplication(Tolmen& app, WindowModel& window) {
   WireMainForm(app);
-  app.screen.frmMain.SetCaption(app.info.AppTitle);
-  app.screen.frmMain.Show();
+  WireShell(app);
   app.ui.SetMainWindow(&window);
   try {
-    app.ui.Run(window);
+    app.screen.frmMain.Show();
+    Form_Activate(app);
+    if (app.screen.frmMain.IsLoaded()) app.ui.Run(window);
   } catch (const ProcessEnd&) {
     // Ended from inside, as the system ends its process.
   }
   app.ui.SetMainWindow(nullptr);
-  return 0;
+  return app.shell.ExitStatus;
 }
 
 }  // namespace tolmen

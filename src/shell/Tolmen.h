@@ -4,6 +4,8 @@
 #pragma once
 
 #include "billing/BillingState.h"
+#include "maximizer/MaximizerLink.h"
+#include "maximizer/UdfCatalogue.h"
 #include "pastel/PastelFiles.h"
 #include "pastel/PastelSetState.h"
 #include "platform/recordmanager/RecordEngine.h"
@@ -12,13 +14,16 @@
 #include "recordio/BtGlobal.h"
 #include "shell/AppInfo.h"
 #include "shell/RunLog.h"
+#include "shell/RunStages.h"
 #include "shell/Settings.h"
 #include "shell/ShellState.h"
 #include "templates/RunOptions.h"
 #include "toolkit/quilletToolkit.h"
+#include "transfer/ClientState.h"
 #include "transfer/ImportFiles.h"
 #include "transfer/RunState.h"
 #include "wizard/ScreenModel.h"
+#include "wizard/WizardState.h"
 
 namespace tolmen {
 
@@ -38,7 +43,9 @@ class Tolmen {
   Clock& clock;
   Settings settings;
   ShellState shell;
+  RunStages stages;  // routines of modules still being written, wired as they land
   RunState run;
+  ClientState client;  // the client being made a debtor
   RunOptions options;
   BillingState billing;
   ImportFileHandles importFiles;
@@ -47,8 +54,11 @@ class Tolmen {
   RecordEngine engine;
   BtGlobalState bt;
   ScreenModel screen;
+  WizardState wizard;              // what the wizard's page flow remembers
   PastelFiles pastelFiles{*this};  // the open set's record objects
   quilletToolkit toolkit{*this};
+  MaximizerLink maximizer{*this};  // the automation link, the client file and the client list
+  UdfCatalogue udfs;               // the UDFs of the accepted Maximizer database
 };
 
 }  // namespace tolmen

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tolmen {
 
@@ -27,6 +28,20 @@ struct RunState {
   bool MismatchSummaryOn = false;
   int32_t TransferToMaximizer = 0;
   double BillingDate = 0;
+
+  // The run as far as the client loop and the log share it: when the pass began, the list of
+  // invoices kept for the end of the run (the "end-of-run notes"), and the delivery address code
+  // a new debtor gets when its delivery address has none.
+  double StartTime = 0;
+  std::vector<std::string> EndOfRunNotes;
+  std::string DeliveryDefaultCode;
+
+  // The client in hand: its display name (empty: skipped), its Maximizer "Identification" as the
+  // client list reads it, and the customer category the run gives it.
+  std::string ClientName;
+  std::string ClientId;
+  int16_t CurrentCategoryNumber = 0;
+  std::string CurrentCategoryText;
 
   // Counters. DebtorsChanged, MismatchCount, DebtorsSkipped and DebtorsLater are reset and shown
   // but nothing raises them.

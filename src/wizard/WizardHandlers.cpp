@@ -2,8 +2,18 @@
 
 #include <array>
 
+#include "maximizer/ClientList.h"
+#include "maximizer/MaximizerControls.h"
+#include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "shell/Tolmen.h"
+#include "templates/TemplateControls.h"
+#include "templates/TemplateFile.h"
+#include "transfer/Categories.h"
+#include "transfer/TransferClients.h"
+#include "wizard/FileMenu.h"
+#include "wizard/TabFlow.h"
+#include "wizard/ViewMenu.h"
 
 namespace tolmen {
 
@@ -20,15 +30,45 @@ void cmdHelp_Click(Tolmen& app) {
   app.ui.ShowHelp(app.info.HelpFile, kPages[static_cast<size_t>(tab)]);
 }
 
+void WireStages(Tolmen& app) {
+  RunStages& stages = app.stages;
+  // A stage somebody has filled already (a test's stand-in) is kept.
+  const auto fill = [](auto& stage, auto routine) {
+    if (!stage) stage = routine;
+  };
+  fill(stages.OpenMaximizerOLE, [&app] { return OpenMaximizerOLE(app); });
+  fill(stages.CloseClientList, [&app] { CloseClientList(app); });
+  fill(stages.TemplateOpen,
+       [&app](const std::string& path, bool parts) { return TemplateOpen(app, path, parts); });
+  fill(stages.TemplateSave, [&app](const std::string& path) { TemplateSave(app, path); });
+  fill(stages.SetOptions, [&app] { SetOptions(app); });
+  fill(stages.LoadCategories, [&app] { LoadCategories(app); });
+  // The "To Pastel" page's lists: the categories; the UDF boxes come with the UDF catalogue,
+  // which OpenMaximizerOLE loads.
+  fill(stages.FillToPastelLists, [&app] { LoadCategories(app); });
+  fill(stages.TransferClients, [&app] { TransferClients(app); });
+}
+
 void WireMainForm(Tolmen& app) {
   MainForm& form = app.screen.frmMain;
+  WireStages(app);
+  WireTemplateControls(app);
+  WireMaximizerControls(app);
   form.cmdHelp.SetOnClick([&app] { cmdHelp_Click(app); });
   form.mnuHelpContents.SetOnClick([&app] { cmdHelp_Click(app); });
+  form.cmdNext.SetOnClick([&app] { cmdNext_Click(app); });
+  form.cmdBack.SetOnClick([&app] { cmdBack_Click(app); });
+  form.cmdSave.SetOnClick([&app] { cmdSave_Click(app); });
+  form.tabDlg.SetOnClick([&app] { tabDlg_Click(app); });
+  form.mnuFile.SetOnClick([&app](int index) { mnuFile_Click(app, index); });
+  form.mnuViewMaximizer.SetOnClick([&app] { mnuViewMaximizer_Click(app); });
+  form.mnuViewBillR.SetOnClick([&app] { mnuViewBillR_Click(app); });
+  form.mnuViewBillC.SetOnClick([&app] { mnuViewBillC_Click(app); });
+  form.cmdHideBillR.SetOnClick([&app] { mnuViewBillR_Click(app); });
+  form.cmdHideBillC.SetOnClick([&app] { mnuViewBillC_Click(app); });
+  form.chkShowToMaxTab.SetOnClick([&app] { chkShowToMaxTab_Click(app); });
   form.Dir1.SetOnChange([&app] { Dir1_Change(app); });
   form.Drive1.SetOnChange([&app] { Drive1_Change(app); });
-  form.mnuFile.SetOnClick([&app](int index) {
-    if (index == 99) app.screen.frmMain.Unload();
-  });
 }
 
 }  // namespace tolmen

@@ -1,4 +1,5 @@
-// Hangs the handlers that exist on the main form's controls.
+// Hangs the handlers of every module on the forms' controls, and wires the run's stages to the
+// routines of their modules.
 #pragma once
 
 namespace tolmen {
@@ -7,7 +8,9 @@ class Tolmen;
 
 // Help button and Help menu: the help page of the tab shown.
 void cmdHelp_Click(Tolmen& app);
-// Attaches the handlers above, and File > Exit, to frmMain.
+// The run's stages (RunStages) filled with the modules' routines, where not filled already.
+void WireStages(Tolmen& app);
+// Every handler of frmMain, frmSetup and the stages. REQUIRES: `app` outlives its screen.
 void WireMainForm(Tolmen& app);
 
 }  // namespace tolmen

@@ -1,0 +1,100 @@
+// CheckRunOptions and EntireDatabase. Both read the options as SetOptions and the controls'
+// handlers left them in RunOptions; the prefix and suffix boxes are read and repaired on the
+// screen itself.
+#include "runtime/Conversion.h"
+#include "runtime/Strings.h"
+#include "shell/Tolmen.h"
+#include "transfer/Max2Pastel.h"
+
+namespace tolmen {
+namespace {
+
+// A check of the chain that may fail: passed when its module is not wired yet.
+bool Passes(const std::function<bool()>& check) {
+  return !check || check();
+}
+
+}  // namespace
+
+bool ToPastelChecks(Tolmen& app) {
+  MainForm& form = app.screen.frmMain;
+  RunOptions& options = app.options;
+  const std::string& br = app.info.LineBreak;
+  if (!app.shell.ToPastelFilled && app.stages.FillToPastelLists) app.stages.FillToPastelLists();
+
+  if ((options.ImportWhichData == 3 || options.ImportWhichData == 4) &&
+      options.ImportCriteriaUdf.name.empty()) {
+    app.ui.MsgBox(Join({"You have chosen the option of importing Maximizer Clients",
+                        "dependant upon a User Defined Field Value",
+                        "but have not indicated which UDF to use.", "",
+                        "Please select which UDF is to be used as the Import Criteria"},
+                       br),
+                  vbOKOnly, "No User Field Specified");
+    return false;
+  }
+  if (options.CategoryOption == 2 && options.CategoryUdf.name.empty()) {
+    app.ui.MsgBox("No Category Selected!" + br +
+                      "Please go back to 'To Pastel' tab and select the correct Category in "
+                      "'Use/Create Category from UDF'.",
+                  vbOKOnly, "Importing To Pastel");
+    return false;
+  }
+
+  // The account number sizes are repaired without a word. A prefix that is no number sets the
+  // suffix box, as it always has.
+  TextBox& prefix = form.txtPrefix;
+  TextBox& suffix = form.txtSuffix;
+  if (!IsNumeric(Variant(prefix.Text()))) suffix.SetText("4");
+  if (!IsNumeric(Variant(suffix.Text()))) suffix.SetText("2");
+  if (Val(prefix.Text() + suffix.Text()) < 2) suffix.SetText(NumberText(6 - Val(prefix.Text())));
+  options.PrefixSize = CLng(Variant(prefix.Text()));
+  options.SuffixSize = CLng(Variant(suffix.Text()));
+  options.PostalAddress = form.cboPostal.Text();
+  options.DeliveryAddress = form.cboDelivery.Text();
+  return true;
+}
+
+bool CheckRunOptions(Tolmen& app) {
+  TabControl& tabs = app.screen.frmMain.tabDlg;
+  if (app.options.AccountNumber.name.empty()) {
+    app.ui.MsgBox("You have not selected a Maximizer UDF linking to the Pastel Account!" +
+                      app.info.LineBreak +
+                      "Please select a Maximizer UDF that contains the Clients' Pastel Account "
+                      "number!",
+                  vbExclamation, app.info.AppName + " Warning!");
+    tabs.SetTab(MainForm::kTabToPastel);
+    return false;
+  }
+  if (!ToPastelChecks(app)) {
+    tabs.SetTab(MainForm::kTabToPastel);
+    return false;
+  }
+  if (!Passes(app.stages.IsPas2MaxOK)) {
+    tabs.SetTab(MainForm::kTabToMaximizer);
+    return false;
+  }
+  if (!Passes(app.stages.CheckRecurringBilling)) {
+    tabs.SetTab(MainForm::kTabRecurringBilling);
+    return false;
+  }
+  if (!Passes(app.stages.CheckCasualBilling)) {
+    tabs.SetTab(MainForm::kTabCasualBilling);
+    return false;
+  }
+  return true;
+}
+
+bool EntireDatabase(Tolmen& app) {
+  const RunOptions& options = app.options;
+  switch (options.ImportWhichData) {
+    case 1:
+      return true;
+    case 3:
+    case 4:
+      return options.ImportCriteriaUdf.name.empty() || options.ImportCriteriaText.empty();
+    default:
+      return false;
+  }
+}
+
+}  // namespace tolmen

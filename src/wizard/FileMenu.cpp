@@ -1,0 +1,121 @@
+#include "wizard/FileMenu.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "runtime/Conversion.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Strings.h"
+#include "shell/Registry.h"
+#include "shell/Tolmen.h"
+#include "templates/TemplateFile.h"
+
+namespace fs = std::filesystem;
+
+namespace tolmen {
+
+namespace {
+
+constexpr const char* kPastel2007 = "Pastel Accounting 2007 (9)";
+
+FileDialogRequest TemplateDialog(Tolmen& app, bool save) {
+  FileDialogRequest request;
+  request.save = save;
+  request.title = save ? "Save Template" : "Open Template";
+  const std::string pattern =
+      app.shell.TemplateDialogFilter.empty() ? "*.KTF" : app.shell.TemplateDialogFilter;
+  request.filter = "Templates (" + pattern + ")|" + pattern + "|All Files (*.*)|*.*";
+  request.initialFolder =
+      app.shell.TemplateDialogFolder.empty() ? app.info.AppFolder : app.shell.TemplateDialogFolder;
+  request.defaultExtension = "KTF";
+  return request;
+}
+
+void OpenTemplateFromMenu(Tolmen& app, bool parts) {
+  std::string path;
+  if (!app.ui.FileDialog(TemplateDialog(app, false), path)) return;
+  if (!TemplateOpen(app, path, parts)) return;
+  SetOptions(app);
+  if (app.pastel.PastelProduct == kPastel2007)
+    app.screen.frmMain.tabDlg.SetTab(MainForm::kTabTransfer);
+}
+
+void LimitLogFileSize(Tolmen& app) {
+  const std::string& br = app.info.LineBreak;
+  const std::string answer =
+      app.ui.InputBox("Limit Log File Size to how many Kilobytes?" + br +
+                          "Previous file is kept as Tolmen0.LOG" + br + "(0 = Do not limit size.)",
+                      "Limit Log File Size?", std::to_string(app.shell.LogFileLimit));
+  if (!IsNumeric(Variant(answer))) return;
+  app.shell.LogFileLimit = CLng(Variant(answer));
+  app.settings.SaveSetting("Settings", "LogFileLimit", std::to_string(app.shell.LogFileLimit));
+  app.screen.frmMain.mnuFile(21).SetChecked(app.shell.LogFileLimit > 0);
+}
+
+std::string ExecutablePath() {
+  std::error_code error;
+  const fs::path self = fs::read_symlink("/proc/self/exe", error);
+  return error ? std::string("tolmen") : self.string();
+}
+
+}  // namespace
+
+bool SetStartupShortcut(Tolmen& app, int create) {
+  const std::string folder = ReadRegistryValue(HKEY_CURRENT_USER, kShellFoldersKey, "Startup");
+  if (folder.empty()) return false;
+  const fs::path entry = fs::path(folder) / kStartupEntryName;
+  std::error_code error;
+  if (create != 1) {
+    // Any entry of that name, whatever the case of its letters.
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
+      if (EqualsNoCase(it->path().filename().string(), kStartupEntryName))
+        fs::remove(it->path(), error);
+    return !StartupEntryPresent();
+  }
+  fs::create_directories(folder, error);
+  std::ofstream out(entry, std::ios::trunc);
+  out << "[Desktop Entry]\nType=Application\nName=" << app.info.AppName << "\nExec=\""
+      << ExecutablePath() << "\"\nX-GNOME-Autostart-enabled=true\n";
+  out.close();
+  return out.good() && StartupEntryPresent();
+}
+
+void mnuFile_Click(Tolmen& app, int index) {
+  MainForm& form = app.screen.frmMain;
+  switch (index) {
+    case 0:
+      OpenTemplateFromMenu(app, false);
+      break;
+    case 1:
+      OpenTemplateFromMenu(app, true);
+      break;
+    case 2: {
+      std::string path;
+      if (app.ui.FileDialog(TemplateDialog(app, true), path)) TemplateSave(app, path);
+      break;
+    }
+    case 20:
+      if (!app.ui.OpenInEditor(app.log.Path()))
+        app.ui.MsgBox(ErrorText(53) + ": " + app.log.Path(), vbExclamation, app.info.AppTitle);
+      break;
+    case 21:
+      LimitLogFileSize(app);
+      break;
+    case 50: {
+      const bool on = !form.mnuFile(50).Checked();
+      SetStartupShortcut(app, on ? 1 : 0);
+      form.mnuFile(50).SetChecked(StartupEntryPresent());
+      break;
+    }
+    case 51:
+      form.mnuFile(51).SetChecked(!form.mnuFile(51).Checked());
+      break;
+    case 99:
+      form.Unload();
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace tolmen

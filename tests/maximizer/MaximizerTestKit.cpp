@@ -1,0 +1,201 @@
+// Starting maxsim and the application for the Maximizer tests.
+#include "MaximizerTestKit.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+
+#include "maximizer/MaximizerControls.h"
+#include "shell/AppInfo.h"
+
+extern char** environ;
+
+namespace tolmen::test {
+namespace {
+
+const std::string kMaxsim = std::string(TOLMEN_BIN_DIR) + "/maxsim";
+
+// Starts maxsim with its stdout on a pipe; the pid, and the pipe's read end in `out`.
+pid_t Spawn(const std::vector<std::string>& args, int& out) {
+  std::vector<std::string> all = {kMaxsim};
+  all.insert(all.end(), args.begin(), args.end());
+  std::vector<char*> argv;
+  for (std::string& arg : all) argv.push_back(arg.data());
+  argv.push_back(nullptr);
+  int ends[2];
+  if (::pipe2(ends, O_CLOEXEC) != 0) return -1;
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, ends[1], 1);
+  pid_t pid = -1;
+  if (posix_spawn(&pid, kMaxsim.c_str(), &actions, nullptr, argv.data(), environ) != 0) pid = -1;
+  posix_spawn_file_actions_destroy(&actions);
+  ::close(ends[1]);
+  out = ends[0];
+  return pid;
+}
+
+// Reads until the end, or until `until` shows; false when 10 seconds pass first.
+bool ReadFrom(int fd, std::string& text, const std::string& until = "") {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  while (until.empty() || text.find(until) == std::string::npos) {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+        deadline - std::chrono::steady_clock::now());
+    pollfd wait{fd, POLLIN, 0};
+    if (left.count() <= 0 || ::poll(&wait, 1, static_cast<int>(left.count())) <= 0) return false;
+    char buffer[4096];
+    const ssize_t n = ::read(fd, buffer, sizeof buffer);
+    if (n <= 0) return until.empty();
+    text.append(buffer, static_cast<size_t>(n));
+  }
+  return true;
+}
+
+int Reap(pid_t pid) {
+  int status = 0;
+  if (::waitpid(pid, &status, 0) != pid) return -1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+ProgramRun RunMaxsim(const std::vector<std::string>& args) {
+  ProgramRun run;
+  int out = -1;
+  const pid_t pid = Spawn(args, out);
+  if (pid < 0) return run;
+  ReadFrom(out, run.out);
+  ::close(out);
+  run.status = Reap(pid);
+  return run;
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+}  // namespace
+
+nlohmann::json DemoBook() {
+  std::ifstream in(std::string(TOLMEN_SOURCE_DIR) + "/tools/maxsim/samples/demo.json");
+  return nlohmann::json::parse(in);
+}
+
+Maxsim::Maxsim(const std::string& root, std::string socket)
+    : root_(root), socket_(std::move(socket)) {}
+
+Maxsim::~Maxsim() {
+  Stop();
+}
+
+std::string Maxsim::Init(const std::string& name, const nlohmann::json& description) {
+  const std::string folder = root_ + "/" + name;
+  const std::string file = root_ + "/" + name + ".json";
+  std::ofstream(file) << description.dump(1);
+  const ProgramRun init = RunMaxsim({"init", folder, "--from", file});
+  EXPECT_EQ(init.status, 0) << "maxsim init " << name;
+  return folder;
+}
+
+bool Maxsim::Serve(const std::string& folder) {
+  Stop();
+  pid_ = Spawn({"serve", folder, "--socket", socket_}, stdout_);
+  std::string text;
+  return pid_ > 0 && ReadFrom(stdout_, text, "ready\n");
+}
+
+void Maxsim::Kill() {
+  if (pid_ > 0) {
+    ::kill(pid_, SIGKILL);
+    Reap(pid_);
+  }
+  pid_ = -1;
+}
+
+void Maxsim::Stop() {
+  if (pid_ > 0) {
+    ::kill(pid_, SIGTERM);
+    Reap(pid_);
+  }
+  pid_ = -1;
+  if (stdout_ >= 0) ::close(stdout_);
+  stdout_ = -1;
+}
+
+ProgramRun Maxsim::Ctl(const std::vector<std::string>& args) const {
+  std::vector<std::string> all = {"ctl", "--socket", socket_};
+  all.insert(all.end(), args.begin(), args.end());
+  return RunMaxsim(all);
+}
+
+std::vector<std::string> Maxsim::TakeJournal() const {
+  const ProgramRun journal = Ctl({"journal"});
+  EXPECT_EQ(journal.status, 0);
+  EXPECT_EQ(Ctl({"journal", "clear"}).status, 0);
+  return Lines(journal.out);
+}
+
+MaximizerTest::MaximizerTest()
+    : socket_(dir_.File("maximizer.sock")), maxsim_(dir_.Path().string(), socket_) {
+  // Tolmen looks for Maximizer at the socket the test's maxsim uses.
+  ::setenv("MAXIMIZER_SOCKET", socket_.c_str(), 1);
+  std::filesystem::create_directories(dir_.Path() / "home");
+}
+
+MaximizerTest::~MaximizerTest() {
+  app_.reset();
+  ui_.reset();
+  script_.reset();
+}
+
+void MaximizerTest::Start(const std::vector<std::string>& script) {
+  app_.reset();
+  transcript_.str("");
+  script_ = std::make_unique<ScriptUi>(script, &transcript_, clock_, "Tolmen");
+  ui_ = std::make_unique<HookedUi>(*script_);
+  app_ = std::make_unique<Tolmen>(MakeAppInfo(dir_.File("home") + "/", "1.0.0"), *ui_, clock_,
+                                  dir_.File("settings.ini"));
+  WireMaximizerControls(*app_);
+}
+
+std::string MaximizerTest::ServeBook(const nlohmann::json& description) {
+  const std::string folder = maxsim_.Init("db", description);
+  EXPECT_TRUE(maxsim_.Serve(folder));
+  return folder;
+}
+
+int MaximizerTest::Count(const std::string& text) const {
+  const std::string all = Transcript();
+  int count = 0;
+  for (size_t at = all.find(text); at != std::string::npos; at = all.find(text, at + 1)) ++count;
+  return count;
+}
+
+std::vector<std::string> MaximizerTest::LogLines() {
+  app_->log.Close();  // at debugging level 0 the log stays open
+  std::ifstream in(app_->log.Path(), std::ios::binary);
+  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  return Lines(text);
+}
+
+void ExpectInOrder(const std::vector<std::string>& lines, const std::vector<std::string>& wanted) {
+  size_t at = 0;
+  for (const std::string& entry : wanted) {
+    while (at < lines.size() && lines[at] != entry) ++at;
+    ASSERT_LT(at, lines.size()) << "not found in order: " << entry;
+    ++at;
+  }
+}
+
+}  // namespace tolmen::test

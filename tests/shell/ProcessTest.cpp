@@ -1,0 +1,94 @@
+// tolmen run as a process with the script front-end: its exit status, the transcript of its
+// start, and the settings file it leaves behind.
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include "ShellFixture.h"
+
+extern char** environ;
+
+namespace tolmen::testing {
+namespace {
+
+class ProcessTest : public ::testing::Test {
+ protected:
+  // Runs tolmen with `args` and the script's lines; returns its exit status (-1 if it did not
+  // end normally).
+  int Tolmen(const std::vector<std::string>& args, const std::vector<std::string>& script) {
+    std::string scriptText;
+    for (const std::string& line : script) scriptText += line + "\n";
+    WriteText(dir_.File("script.txt"), scriptText);
+    fs::create_directories(dir_.File("home"));
+
+    std::vector<std::string> env = {"TOLMEN_UI=script",
+                                    "TOLMEN_SCRIPT=" + dir_.File("script.txt"),
+                                    "TOLMEN_TRANSCRIPT=" + dir_.File("transcript.txt"),
+                                    "TOLMEN_HOME=" + dir_.File("home"),
+                                    "XDG_CONFIG_HOME=" + dir_.File("config"),
+                                    "XDG_RUNTIME_DIR=" + dir_.File("run"),
+                                    "MAXIMIZER_SOCKET=" + dir_.File("run/none.sock"),
+                                    "HOME=" + dir_.File("user"),
+                                    "TOLMEN_NOW=2024-06-15 12:00:00",
+                                    "TZ=UTC",
+                                    "LC_ALL=C"};
+    std::vector<std::string> argv = {std::string(TOLMEN_BIN_DIR) + "/tolmen"};
+    argv.insert(argv.end(), args.begin(), args.end());
+    std::vector<char*> argp, envp;
+    for (std::string& a : argv) argp.push_back(a.data());
+    argp.push_back(nullptr);
+    for (std::string& e : env) envp.push_back(e.data());
+    envp.push_back(nullptr);
+
+    pid_t pid = 0;
+    if (posix_spawn(&pid, argp[0], nullptr, nullptr, argp.data(), envp.data()) != 0) return -1;
+    int status = 0;
+    if (waitpid(pid, &status, 0) != pid || !WIFEXITED(status)) return -1;
+    return WEXITSTATUS(status);
+  }
+  std::string Transcript() const { return ReadText(dir_.File("transcript.txt")); }
+  std::string Settings() const { return ReadText(dir_.File("config/Vellumator7/settings.ini")); }
+
+  test::TempDir dir_{"tolmen-process-"};
+};
+
+// No Maximizer answers at the socket: the first activation says so, and the start goes on.
+const std::string kMaximizerRequired =
+    "== MsgBox | Maximizer Required! | OK | Exclamation\n"
+    "Please run Maximizer before running Tolmen!\n"
+    "-> OK\n";
+
+TEST_F(ProcessTest, StartAndCloseExitZeroAndSaveTheSettings) {
+  EXPECT_EQ(Tolmen({}, {}), 0);
+  EXPECT_EQ(Transcript(), kMaximizerRequired);
+  for (const char* line :
+       {"[Settings]\n", "Billing=True\n", "Billing2=True\n", "View2Max=True\n", "MultiYear=0\n"})
+    EXPECT_TRUE(Contains(Settings(), line)) << line;
+
+  // An unknown parameter is shown and the start goes on.
+  EXPECT_EQ(Tolmen({"/X"}, {}), 0);
+  EXPECT_TRUE(Contains(Transcript(),
+                       "== MsgBox | Tolmen Command Line Ignored | OK | Critical\n"
+                       "Command Line contains unknown Parameter(s).\n"
+                       "Command Line: /X\n"));
+}
+
+TEST_F(ProcessTest, TemplateRunThatCannotStartExitsTwo) {
+  // Missing: the message, and the window waits for its user as usual.
+  EXPECT_EQ(Tolmen({"/SILENT", "/QUIT", "missing.ktf"}, {}), 2);
+  EXPECT_EQ(Transcript(), kMaximizerRequired +
+                              "== MsgBox | Tolmen Start-Up Error | OK | Exclamation\n"
+                              "The Template " +
+                              dir_.File("home") +
+                              "/missing.ktf specified in the Command Line does not exist!\n"
+                              "-> OK\n");
+  EXPECT_TRUE(Contains(Settings(), "MultiYear=0\n"));
+
+  // Present, but no Maximizer answers: the run cannot start either.
+  WriteText(dir_.File("home/monthly.KTF"), "TOLMEN TEMPLATE FILE\r\n");
+  EXPECT_EQ(Tolmen({"/SILENT", "/QUIT", "monthly.KTF"}, {}), 2);
+  EXPECT_FALSE(fs::exists(dir_.File("home/Tolmen.LOG")));
+}
+
+}  // namespace
+}  // namespace tolmen::testing

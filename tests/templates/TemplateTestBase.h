@@ -1,0 +1,51 @@
+// An application over a temporary folder with the template handlers wired, the script front-end
+// as its user, and helpers to write and read template files there.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "pastel/PastelTestSet.h"
+#include "templates/TemplateControls.h"
+#include "templates/TemplateFile.h"
+
+namespace tolmen::testing {
+
+class TemplateTest : public PastelSetTest {
+ protected:
+  void Begin(const std::vector<std::string>& script = {}) {
+    Start(script);
+    WireTemplateControls(*app_);
+  }
+  MainForm& Form() { return app_->screen.frmMain; }
+  std::string Path(const std::string& name) const { return (root_ / name).string(); }
+
+  // Writes the lines, each ended by `eol`, and gives the file's path.
+  std::string Write(const std::string& name, const std::vector<std::string>& lines,
+                    const std::string& eol = "\r\n") {
+    std::ofstream out(Path(name), std::ios::binary);
+    for (const std::string& line : lines) out << line << eol;
+    return Path(name);
+  }
+  static std::string Read(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  }
+  static std::string CrLf(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) text += line + "\r\n";
+    return text;
+  }
+  bool Said(const std::string& text) const { return Transcript().find(text) != std::string::npos; }
+  // The category list as LoadCategories leaves it for a set with two categories.
+  void FillCategories() {
+    for (const char* entry : {"<0> NONE", "<1> Retail Sales", "<2> Wholesale"})
+      Form().cboCategories.AddItem(entry);
+  }
+};
+
+}  // namespace tolmen::testing

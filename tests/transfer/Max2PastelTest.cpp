@@ -1,0 +1,315 @@
+// The run driver played through the script front-end with a virtual clock: the Import entry is
+// clicked, a small client loop stands in for the real one, and Pause, End and Cancel are answered
+// as a user would. The transcript and the log are compared as they stand.
+#include "transfer/Max2Pastel.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/RunLog.h"
+#include "shell/ShellFixture.h"
+
+namespace tolmen::testing {
+namespace {
+
+class Max2PastelTest : public ShellFixture {
+ protected:
+  // The application on its main window, with the Import entry on cmdNext as the wizard has it
+  // and the Pause button's handler.
+  void Prepare(const std::vector<std::string>& script, int clients, bool writeDebtors = true) {
+    Start(script);
+    FakeStartStages();
+    FakeClientLoop(clients, writeDebtors);
+    MainForm& form = app_->screen.frmMain;
+    form.optImport.Set(0);
+    form.cmdAbort.SetOnClick([this] { cmdAbort_Click(*app_); });
+    form.cmdNext.SetOnClick([this] {
+      Tolmen& app = *app_;
+      app.run.EndOfRunNotes.clear();
+      app.run.MismatchCount = 0;
+      app.run.ErrorCount = 0;
+      app.run.RunMode = 1;
+      app.run.RunReason = "by User.";
+      BeforeRunScreen(app);
+      DoImport(app);
+      AfterRunScreen(app);
+    });
+    form.Show();
+  }
+  void Play() { ui_->Run(*window_); }
+
+  static std::string PauseDialog() {
+    return "== MsgBox | Tolmen Transfer Paused | Yes/No/Cancel | Question\n"
+           "You clicked  [Pause...].Updating Pastel Debtors and/or Maximizer UDFs?\n"
+           "Click 'Yes' to carry on\n"
+           "Click 'No' to end the transfer after this customer\n";
+  }
+};
+
+TEST_F(Max2PastelTest, RunWithNothingDoneShowsNoDialog) {
+  Prepare({"@click cmdNext"}, 3, false);
+  Play();
+  EXPECT_EQ(clientsDone_, 3);
+  EXPECT_EQ(Transcript(), "@ click cmdNext\n");
+  const std::string log = Log();
+  EXPECT_TRUE(Contains(log, "Tolmen 1.0.0 Run at 15 Jun 2024 12:00 by User.\r\n"));
+  EXPECT_TRUE(Contains(log, "\r\nTolmen Import Completed at 15 Jun 2024 12:03\r\n"));
+  EXPECT_FALSE(Contains(log, "Pastel Debtors"));
+  // Both templates were saved and the wizard holds one.
+  EXPECT_EQ(saved_, (std::vector<std::string>{Home() + "CURRENT.KTF", "Kelbor.KTF"}));
+  EXPECT_TRUE(app_->shell.TemplateLoaded);
+  const MainForm& form = app_->screen.frmMain;
+  EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabToMaximizer);
+  EXPECT_EQ(form.optListClients.Value(), 1);
+  EXPECT_FALSE(app_->run.RunActive);
+  EXPECT_EQ(app_->shell.ExitStatus, kExitOk);
+  // The screen is back at rest.
+  EXPECT_FALSE(form.cmdAbort.Visible());
+  EXPECT_TRUE(form.tabDlg.TabEnabled(MainForm::kTabOpen));
+  EXPECT_EQ(form.lblProgress(0).Caption(),
+            "Click the 'Import' button to import the selected Maximizer Clients into Pastel.");
+}
+
+TEST_F(Max2PastelTest, EndAtTheFirstClientKeepsTheResultDialog) {
+  Prepare({"@pause 1", "@click cmdNext", "No", "Yes"}, 3);
+  // During the run the screen is locked.
+  auto loop = app_->stages.TransferClients;
+  app_->stages.TransferClients = [&] {
+    const MainForm& form = app_->screen.frmMain;
+    EXPECT_TRUE(app_->run.RunActive);
+    EXPECT_FALSE(form.mnuFileTop.Enabled());
+    EXPECT_FALSE(form.cmdNext.Enabled());
+    EXPECT_FALSE(form.tabDlg.TabEnabled(MainForm::kTabOpen));
+    EXPECT_TRUE(form.cmdAbort.Visible());
+    loop();
+  };
+  Play();
+  EXPECT_EQ(clientsDone_, 1);
+  EXPECT_EQ(Transcript(), "@ pause 1\n@ click cmdNext\n@ click cmdAbort\n" + PauseDialog() +
+                              "-> No\n"
+                              "== MsgBox | Tolmen Import Complete: Open Log File? | Yes/No | "
+                              "Information\n"
+                              "1 Pastel Debtors (0 new) were written to file \n"
+                              "Do you want to Open the Log File?\n"
+                              "-> Yes\n"
+                              "== Editor " +
+                              Home() + "Tolmen.LOG\n");
+  EXPECT_TRUE(Contains(Log(),
+                       "\r\nThe transfer was stopped at 15 Jun 2024 12:01\r\n"
+                       "1 Pastel Debtors (0 new) were written to file \r\n"));
+  EXPECT_EQ(saved_.size(), 2u);
+  EXPECT_EQ(app_->run.StopRequest, 0);  // cleared again after the run
+  const std::string progress = app_->screen.frmMain.lblProgress(2).Caption();
+  const std::string shown =
+      "Started: 12:00 \xB7 Elapsed: 00:01 \xB7 Est. Finish: 12:03 \xB7 Progress: 33% \xB7 ";
+  EXPECT_EQ(progress.substr(0, shown.size()), shown);
+}
+
+TEST_F(Max2PastelTest, CancelLogsItAndShowsTheCancelMessage) {
+  Prepare({"@pause 2", "@click cmdNext", "Cancel"}, 3);
+  Play();
+  EXPECT_EQ(clientsDone_, 2);
+  EXPECT_EQ(Transcript(), "@ pause 2\n@ click cmdNext\n@ click cmdAbort\n" + PauseDialog() +
+                              "-> Cancel\n"
+                              "== MsgBox | Tolmen Transfer Cancelled | OK | Exclamation\n"
+                              "The transfer has been cancelled in Updating Pastel Debtors "
+                              "and/or Maximizer UDFs.\n"
+                              "-> OK\n");
+  const std::string log = Log();
+  const std::string last = "\r\nTransfer cancelled at 15 Jun 2024 12:02\r\n";
+  ASSERT_GE(log.size(), last.size());
+  EXPECT_EQ(log.substr(log.size() - last.size()), last);
+  EXPECT_TRUE(saved_.empty());
+  EXPECT_FALSE(app_->shell.TemplateLoaded);
+  EXPECT_EQ(app_->screen.frmMain.tabDlg.Tab(), MainForm::kTabToMaximizer);
+  EXPECT_EQ(app_->shell.ExitStatus, kExitRunCancelled);
+
+  // Yes at the pause carries on to the end.
+  Prepare({"@pause 2", "@click cmdNext", "Yes", "No"}, 3);
+  Play();
+  EXPECT_EQ(clientsDone_, 5);
+  EXPECT_TRUE(Contains(Log(), "Tolmen Import Completed at 15 Jun 2024 12:03"));
+  EXPECT_TRUE(Contains(Transcript(), "3 Pastel Debtors (0 new) were written to file \n"));
+}
+
+TEST_F(Max2PastelTest, ResultLinesAndPluralForms) {
+  struct Case {
+    int32_t count;
+    const char* text;
+  };
+  for (const Case& c : {Case{1, "One Maximizer Client"}, Case{-1, "One Maximizer Client"},
+                        Case{0, "0 Maximizer Clients"}, Case{3, "3 Maximizer Clients"}})
+    EXPECT_EQ(PluralForm(c.count, "Maximizer Client"), c.text);
+
+  Prepare({"@click cmdNext", "No"}, 3);
+  auto loop = app_->stages.TransferClients;
+  app_->stages.TransferClients = [&] {
+    RunState& run = app_->run;
+    run.TransferToMaximizer = 1;
+    run.CsvFileName = "/data/MaxCus07.csv";
+    run.InvoiceFileName = "/data/MaxInv07.csv";
+    run.InvoicingPlanned = true;
+    run.MismatchSummaryOn = true;
+    loop();
+    run.BalancesSent = 3;
+    run.BalancesMissed = 2;
+    run.AcceptedStatus22 = 4;
+    run.InvoiceCount = 2;
+    run.EndOfRunNotes = {"INV001 Harrow", "INV002 Finch"};
+    LogError(*app_, "a client went wrong");
+  };
+  Play();
+  EXPECT_TRUE(Contains(Log(),
+                       "Tolmen Import Completed at 15 Jun 2024 12:03\r\n"
+                       "3 Pastel Debtors (2 new) were written to file /data/MaxCus07.csv\r\n"
+                       "4 BTrieve Status 22 Errors in maxClients were accepted.\r\n"
+                       "2 New Invoices were Created and written to file /data/MaxInv07.csv\r\n"
+                       "  INV001 Harrow\r\n"
+                       "  INV002 Finch\r\n"
+                       "Updated One Maximizer User-Defined Field for 3 Maximizer Clients "
+                       "from Pastel.\r\n"));
+  EXPECT_TRUE(Contains(Transcript(),
+                       "3 Pastel Debtors (2 new) were written to file /data/MaxCus07.csv\n"
+                       "1 Errors occurred (View Log File for details).\n"
+                       "0 Mismatched Account Codes were found.\n"
+                       "2 New Invoices were written to file /data/MaxInv07.csv\n"
+                       "PLEASE IMPORT THEM BEFORE RUNNING TOLMEN AGAIN!\n"
+                       "Updated One Maximizer User-Defined Field for 3 Maximizer Clients from "
+                       "Pastel.\n"
+                       "4 BTrieve Status 22 Errors in maxClients were accepted.\n"
+                       "Do you want to Open the Log File?\n-> No\n"));
+  EXPECT_EQ(app_->shell.ExitStatus, kExitRunErrors);
+}
+
+TEST_F(Max2PastelTest, ErrorTrapRetriesOrLeavesThroughTheEnd) {
+  Prepare({"@click cmdNext", "Retry", "@click cmdNext", "Abort"}, 0);
+  int calls = 0;
+  app_->stages.TransferClients = [&] {
+    app_->run.CurrentSection = "Progress bar Update";
+    if (++calls != 2) throw RuntimeError(13);
+  };
+  Play();
+  const std::string dialog =
+      "== MsgBox | Tolmen 1.0.0 for Maximizer 8, 9 and later | "
+      "Abort/Retry/Ignore | Exclamation\n"
+      "Type mismatch\n"
+      "while doing Progress bar Update.\n";
+  EXPECT_EQ(Transcript(),
+            "@ click cmdNext\n" + dialog + "-> Retry\n@ click cmdNext\n" + dialog + "-> Abort\n");
+  EXPECT_EQ(calls, 3);
+  // The retried run went to its end and saved its templates; the aborted one did not.
+  EXPECT_EQ(saved_.size(), 2u);
+  EXPECT_FALSE(app_->run.RunActive);
+  EXPECT_FALSE(app_->log.IsOpen());
+  EXPECT_EQ(app_->shell.ExitStatus, kExitRunErrors);
+}
+
+TEST_F(Max2PastelTest, TemplateListShowsItsDialogAfterTheLastTemplate) {
+  Prepare({"Yes"}, 1);
+  app_->screen.frmOptions.lstTemplates.AddItem("/t/a.ktf");
+  app_->screen.frmOptions.lstTemplates.AddItem("/t/b.ktf");
+  app_->run.RunMode = 2;
+  app_->run.TemplatesDone = 0;
+  DoImport(*app_);
+  EXPECT_EQ(Transcript(), "");
+  DoImport(*app_);
+  EXPECT_EQ(app_->run.TemplatesDone, 2);
+  EXPECT_EQ(Transcript(),
+            "== MsgBox | Tolmen Import Complete: Open Log File? | Yes/No | None\n"
+            "The Maximizer Clients according to the 2 Templates selected have "
+            "been imported into Pastel.\n"
+            "Do you want to Open the Log File?\n"
+            "-> Yes\n"
+            "== Editor " +
+                Home() + "Tolmen.LOG\n");
+}
+
+TEST_F(Max2PastelTest, CheckRunOptionsStopsAtTheFirstFailure) {
+  Start({});
+  RunOptions& options = app_->options;
+  MainForm& form = app_->screen.frmMain;
+  // No account number UDF.
+  EXPECT_FALSE(CheckRunOptions(*app_));
+  EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabToPastel);
+  EXPECT_TRUE(Contains(Transcript(), "| Tolmen Warning! | OK | Exclamation\n"));
+
+  options.AccountNumber.name = "Pastel Account";
+  options.ImportWhichData = 4;
+  EXPECT_FALSE(CheckRunOptions(*app_));
+  EXPECT_TRUE(Contains(Transcript(),
+                       "== MsgBox | No User Field Specified | OK | None\n"
+                       "You have chosen the option of importing Maximizer Clients\n"
+                       "dependant upon a User Defined Field Value\n"
+                       "but have not indicated which UDF to use.\n\n"
+                       "Please select which UDF is to be used as the Import "
+                       "Criteria\n"));
+  options.ImportWhichData = 1;
+  options.CategoryOption = 2;
+  EXPECT_FALSE(CheckRunOptions(*app_));
+  EXPECT_TRUE(Contains(Transcript(),
+                       "== MsgBox | Importing To Pastel | OK | None\n"
+                       "No Category Selected!\n"));
+  options.CategoryUdf.name = "Member Type";
+
+  // The later checks, each sending the wizard to its own tab.
+  int filled = 0;
+  app_->stages.FillToPastelLists = [&] { ++filled; };
+  bool links = false, recurring = false, casual = false;
+  app_->stages.IsPas2MaxOK = [&] { return links; };
+  app_->stages.CheckRecurringBilling = [&] { return recurring; };
+  app_->stages.CheckCasualBilling = [&] { return casual; };
+  form.tabDlg.SetTab(0);
+  EXPECT_FALSE(CheckRunOptions(*app_));
+  EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabToMaximizer);
+  links = true;
+  EXPECT_FALSE(CheckRunOptions(*app_));
+  EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabRecurringBilling);
+  recurring = true;
+  EXPECT_FALSE(CheckRunOptions(*app_));
+  EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabCasualBilling);
+  casual = true;
+  form.tabDlg.SetTab(0);
+  form.cboPostal.SetText("<Selected>");
+  EXPECT_TRUE(CheckRunOptions(*app_));
+  EXPECT_EQ(form.tabDlg.Tab(), 0);
+  EXPECT_EQ(options.PostalAddress, "<Selected>");
+  EXPECT_EQ(filled, 4);  // the lists are filled while ToPastelFilled is not set
+  app_->shell.ToPastelFilled = true;
+  EXPECT_TRUE(CheckRunOptions(*app_));
+  EXPECT_EQ(filled, 4);
+}
+
+TEST_F(Max2PastelTest, AccountSizesAreRepairedSilently) {
+  struct Case {
+    const char* prefix;
+    const char* suffix;
+    const char* suffixAfter;
+    int32_t prefixSize, suffixSize;
+  };
+  const Case cases[] = {
+      {"4", "2", "2", 4, 2},
+      {"x", "3", "6", -1, 0},  // a bad prefix sets the suffix box to "4", "x4" reads 0: 6 - 0
+      {"4", "", "2", 4, 2},
+      {"0", "1", "6", 0, 6},  // "01" reads 1, below 2: 6 minus the prefix
+      {"1", "0", "0", 1, 0},  // "10" is not below 2
+  };
+  for (const Case& c : cases) {
+    Start({});
+    app_->options.AccountNumber.name = "Pastel Account";
+    app_->options.ImportWhichData = 1;
+    MainForm& form = app_->screen.frmMain;
+    form.txtPrefix.SetText(c.prefix);
+    form.txtSuffix.SetText(c.suffix);
+    if (c.prefixSize < 0) {
+      EXPECT_THROW(ToPastelChecks(*app_), RuntimeError);  // "x" cannot be a size
+    } else {
+      EXPECT_TRUE(ToPastelChecks(*app_)) << c.prefix << "|" << c.suffix;
+      EXPECT_EQ(app_->options.PrefixSize, c.prefixSize);
+      EXPECT_EQ(app_->options.SuffixSize, c.suffixSize);
+    }
+    EXPECT_EQ(form.txtSuffix.Text(), c.suffixAfter) << c.prefix << "|" << c.suffix;
+    EXPECT_EQ(Transcript(), "");
+  }
+}
+
+}  // namespace
+}  // namespace tolmen::testing
