@@ -1,23 +1,65 @@
 #!/usr/bin/env bash
-# Plays tools/demo/demo.script on the script front-end and shows what Tolmen did: its transcript,
-# and a sample Pastel set built with pasteldata.
+# A whole transfer on the script front-end: a sample Pastel set (pasteldata), a sample address book
+# served by maxsim, a template, and a script that opens the template in the wizard, presses Import
+# and answers the dialogs. Shows the transcript, the customer import file, the run log and the
+# UDFs the run changed in Maximizer.
 set -euo pipefail
 BUILD=${1:-build}
+BIN="$BUILD/bin"
 HERE=$(cd "$(dirname "$0")" && pwd)
 WORK=$(mktemp -d)
-trap 'rm -rf "$WORK"' EXIT
-export TOLMEN_HOME="$WORK/home" XDG_CONFIG_HOME="$WORK/config"
+MAXSIM_PID=
+cleanup() {
+  [ -n "$MAXSIM_PID" ] && kill "$MAXSIM_PID" 2>/dev/null && wait "$MAXSIM_PID" 2>/dev/null
+  [ -n "${DEMO_KEEP:-}" ] || rm -rf "$WORK"
+}
+trap cleanup EXIT
+export TOLMEN_HOME="$WORK/home" XDG_CONFIG_HOME="$WORK/config" XDG_RUNTIME_DIR="$WORK/run"
+export MAXIMIZER_SOCKET="$WORK/run/maximizer.sock"
 export TOLMEN_NOW="2026-11-23 09:00:00"
+mkdir -p "$TOLMEN_HOME" "$XDG_RUNTIME_DIR"
 
-echo "== Sample Pastel set of accounts (pasteldata)"
-"$BUILD/bin/pasteldata" create "$WORK/pastel" < "$HERE/../pasteldata/samples/demo.json"
+echo "== Pastel set of accounts in $WORK/pastel (pasteldata)"
+"$BIN/pasteldata" create "$WORK/pastel" < "$HERE/../pasteldata/samples/demo.json"
 ls "$WORK/pastel"
 
 echo
-echo "== Tolmen on the script front-end"
-TOLMEN_UI=script TOLMEN_SCRIPT="$HERE/demo.script" TOLMEN_TRANSCRIPT="$WORK/transcript.txt" \
-  "$BUILD/bin/tolmen"
-echo "exit status $?"
+echo "== Maximizer address book in $WORK/maximizer (maxsim)"
+"$BIN/maxsim" init "$WORK/maximizer" --from "$HERE/../maxsim/samples/demo.json"
+"$BIN/maxsim" serve "$WORK/maximizer" > "$WORK/maxsim.out" 2>&1 &
+MAXSIM_PID=$!
+for _ in $(seq 100); do grep -q ready "$WORK/maxsim.out" 2>/dev/null && break; sleep 0.1; done
+grep -q ready "$WORK/maxsim.out" || { cat "$WORK/maxsim.out"; exit 1; }
+"$BIN/maxsim" dump "$WORK/maximizer" > "$WORK/before.json"
+
+# The template: the Pastel folder, every client of the address book marked "Yes" in the UDF
+# "Import to Pastel", categories from the UDF "Customer Category", account numbers in the UDF
+# "Account Number" (new ones are proposed from the names and written back).
+sed -e "s|@PASTEL@|$WORK/pastel/|" -e "s|@MAXIMIZER@|$WORK/maximizer|" "$HERE/demo.KTF" |
+  sed 's/$/\r/' > "$TOLMEN_HOME/demo.KTF"
+sed -e "s|@TEMPLATE@|$TOLMEN_HOME/demo.KTF|" "$HERE/demo.script" > "$WORK/demo.script"
+
+echo
+echo "== Tolmen on the script front-end ($HERE/demo.script)"
+status=0
+TOLMEN_UI=script TOLMEN_SCRIPT="$WORK/demo.script" TOLMEN_TRANSCRIPT="$WORK/transcript.txt" \
+  "$BIN/tolmen" || status=$?
+echo "exit status $status"
 echo
 echo "== Transcript"
 cat "$WORK/transcript.txt"
+echo
+# The files are Windows-1252 with CR LF, as Pastel reads them; shown here in UTF-8.
+show() { tr -d '\r' < "$1" | iconv -f WINDOWS-1252 -t UTF-8 | sed 's/\x0/^@/g'; }
+for csv in "$WORK"/pastel/MaxCus*.csv; do
+  echo "== $(basename "$csv") (NUL bytes shown as ^@)"
+  show "$csv"
+done
+echo
+echo "== Run log Tolmen.LOG"
+show "$WORK/pastel/Tolmen.LOG"
+echo
+echo "== UDFs changed in Maximizer"
+"$BIN/maxsim" dump "$WORK/maximizer" > "$WORK/after.json"
+{ diff "$WORK/before.json" "$WORK/after.json" || true; } | grep -E '^[<>]' | grep -v last_change ||
+  echo "(none)"
