@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "platform/automation/MaximizerAutomation.h"
 #include "recordio/AcceptedStatuses.h"
 #include "recordio/BtObject.h"
 #include "recordio/StatusCatalogue.h"
@@ -16,6 +17,20 @@
 
 namespace tolmen {
 namespace {
+
+// Maximizer minimised with its reminders back on, and the automation objects let go, whatever
+// Maximizer answers: the process is going down.
+void LetMaximizerGo(Tolmen& app) {
+  if (app.maximizer.Attached()) {
+    try {
+      app.maximizer.Application().SetVisibilityState("Min");
+      app.maximizer.Application().SetAlarm("On");
+    } catch (const RuntimeError&) {
+      // Maximizer is gone or refuses: nothing more to give back.
+    }
+  }
+  app.maximizer.Release();
+}
 
 constexpr int32_t kOpen = 0;
 constexpr int32_t kClose = 1;
@@ -63,10 +78,10 @@ bool AcceptStatus22(Tolmen& app, int32_t operation) {
     unexpected = false;
   } else {
     const std::string& br = app.info.LineBreak;
-    const int answer = app.ui.MsgBox(
-        "Accept Unexpected BTrieve Status 22 in maxClients?" + br + "Operation = " +
-            app.run.CurrentSection + br + "Operation Code = " + OperationText(operation),
-        vbYesNo + vbCritical, "Kludge in " + app.info.AppTitle);
+    const int answer = app.ui.MsgBox("Accept Unexpected BTrieve Status 22 in maxClients?" + br +
+                                         "Operation = " + app.run.CurrentSection + br +
+                                         "Operation Code = " + OperationText(operation),
+                                     vbYesNo + vbCritical, "Kludge in " + app.info.AppTitle);
     unexpected = answer != vbYes;
     LogError(app, std::string("Unexpected BTrieve Status 22 in maxClients --") +
                       (unexpected ? "REJECTED" : "Accepted"));
@@ -141,6 +156,7 @@ std::vector<std::string> FatalMessage(Tolmen& app, const BtObject& object, int32
   if (answer == vbYes) {
     CallRecordManager(app, kStop);
     CloseAllFiles(app);
+    LetMaximizerGo(app);
     ShutDown(app);
   }
   app.shell.DebugLevel = 4;
@@ -192,8 +208,7 @@ void GlobalIO(Tolmen& app, BtObject& object, int32_t operation,
     LogEntry(app, 8,
              "# Debug: GlobalIO " + OperationSymbol(operation) + "|" +
                  VisibleControls(Join({std::to_string(bt.KeyNum), std::to_string(bt.KBLen),
-                                       bt.KeyBuf, std::to_string(bt.DBLen), bt.DataBuf,
-                                       bt.PosBlk},
+                                       bt.KeyBuf, std::to_string(bt.DBLen), bt.DataBuf, bt.PosBlk},
                                       "|")));
 
   CallRecordManager(app, operation);
@@ -233,8 +248,14 @@ void GlobalIO(Tolmen& app, BtObject& object, int32_t operation,
   object.MoveBuffer(1);
 }
 
-void BeginConcurrentTransaction(Tolmen& app) { CallRecordManager(app, 1019); }
-void EndTransaction(Tolmen& app) { CallRecordManager(app, 20); }
-void AbortTransaction(Tolmen& app) { CallRecordManager(app, 21); }
+void BeginConcurrentTransaction(Tolmen& app) {
+  CallRecordManager(app, 1019);
+}
+void EndTransaction(Tolmen& app) {
+  CallRecordManager(app, 20);
+}
+void AbortTransaction(Tolmen& app) {
+  CallRecordManager(app, 21);
+}
 
 }  // namespace tolmen
