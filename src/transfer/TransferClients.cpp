@@ -11,6 +11,7 @@
 #include "shell/ProgressLine.h"
 #include "shell/RunLog.h"
 #include "shell/Tolmen.h"
+#include "transfer/Categories.h"
 #include "transfer/ClientNames.h"
 #include "transfer/DebtorRecord.h"
 #include "transfer/ImportFiles.h"
@@ -50,9 +51,10 @@ void WorkOnClient(Tolmen& app, RunTrap& trap) {
     LogEntry(
         app, 8,
         "# Debug: Max2Pastel >>" + std::to_string(run.ClientsProcessed) + " " + run.ClientName);
-  std::string recordType;
-  if (!trap([&] { recordType = Trim(app.maximizer.ClientList().Rec_type()); })) return;
-  if (recordType != "1" && recordType != "2") return;
+  long recordType = 0;
+  if (!trap([&] { recordType = ClientRecordType(app); })) return;
+  // Companies (1) and individuals (2) become debtors; contacts (31, 32) are named only.
+  if (recordType != 1 && recordType != 2) return;
   ++run.ClientsProcessed;
   if (!trap([&] { CreateNewDebtorRecord(app); })) return;
   if (app.client.AccountCode.empty()) return;
@@ -114,25 +116,33 @@ void TransferClients(Tolmen& app) {
   std::string currentId;
   std::string repeatedIds;
 
-  // The start of the pass.
+  // The start of the pass. The category of options 0 and 1 is every client's from the start.
+  SetRunCategory(app);
   run.TaskTitle = kTaskTitle;
   form.lblHeading.SetCaption(kPauseHeading);
   for (int line = 1; line <= 4; ++line) {
     form.lblProgress(line).SetCaption("");
     form.lblProgress(line).SetVisible(true);
   }
+  // A stop during the preparation, or Cancel at the import files, aborts the transaction and
+  // ends the pass; Abort at an error goes straight to the end of the pass and leaves the
+  // transaction to DoImport.
   bool started = trap([&] { OpenClientList(app); });
-  if (started && run.StopRequest != 0) started = false;
+  if (started && run.StopRequest != 0) {
+    AbortTransaction(app);
+    started = false;
+  }
   if (started) {
+    // The stage stays in the heading while the pass runs.
     form.lblHeading.SetCaption("Opening CSV files");
     bool opened = false;
-    trap([&] { opened = OpenCsvFiles(app); });
-    started = opened;
-    form.lblHeading.SetCaption(kPauseHeading);
+    started = trap([&] { opened = OpenCsvFiles(app); });
+    if (started && !opened) {
+      AbortTransaction(app);
+      started = false;
+    }
   }
-  if (!started) {
-    AbortTransaction(app);
-  } else {
+  if (started) {
     run.StartTime = app.clock.Now();
     app.ui.Yield();
     trap([&] {

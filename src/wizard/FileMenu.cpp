@@ -35,6 +35,8 @@ void OpenTemplateFromMenu(Tolmen& app, bool parts) {
   std::string path;
   if (!app.ui.FileDialog(TemplateDialog(app, false), path)) return;
   if (!TemplateOpen(app, path, parts)) return;
+  // A template opened anew may warn about its database again.
+  app.wizard.DatabaseWarned = false;
   SetOptions(app);
   if (app.pastel.PastelProduct == kPastel2007)
     app.screen.frmMain.tabDlg.SetTab(MainForm::kTabTransfer);
@@ -47,7 +49,13 @@ void LimitLogFileSize(Tolmen& app) {
                           "Previous file is kept as Tolmen0.LOG" + br + "(0 = Do not limit size.)",
                       "Limit Log File Size?", std::to_string(app.shell.LogFileLimit));
   if (!IsNumeric(Variant(answer))) return;
-  app.shell.LogFileLimit = CLng(Variant(answer));
+  try {
+    app.shell.LogFileLimit = CLng(Variant(answer));
+  } catch (const RuntimeError& error) {
+    // A number beyond a long: the error is shown and the limit stays.
+    app.ui.MsgBox(error.Description(), vbExclamation, app.info.AppTitle);
+    return;
+  }
   app.settings.SaveSetting("Settings", "LogFileLimit", std::to_string(app.shell.LogFileLimit));
   app.screen.frmMain.mnuFile(21).SetChecked(app.shell.LogFileLimit > 0);
 }

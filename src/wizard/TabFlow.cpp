@@ -47,7 +47,10 @@ bool LeavePage(Tolmen& app, int tab) {
       const bool pastel = OpenPastel(app);
       const bool maximizer = OpenMaximizer(app);
       if (!(pastel && maximizer)) return false;
-      if (!app.shell.TemplateLoaded) FillToPastelLists(app);
+      if (!app.shell.TemplateLoaded) {
+        FillToPastelLists(app);
+        RefillAddressBoxes(app);
+      }
       return true;
     }
     case MainForm::kTabToPastel:
@@ -82,14 +85,12 @@ std::string ConfirmationText(Tolmen& app) {
       lines.push_back("it is possible for the entire Maximizer Database to be ");
       lines.push_back("imported into Pastel.");
     } else {
-      lines.push_back(app.info.AppName + " will use the Pastel Accounts: ");
-      lines.push_back(app.pastel.PastelDataPath);
-      lines.push_back("with the  Maximizer database: ");
-      lines.push_back(app.screen.frmMain.txtDatabaseName.Text());
+      lines.push_back(app.info.AppName +
+                      " will use the Pastel Accounts: " + app.pastel.PastelDataPath);
+      lines.push_back("with the  Maximizer database: " + app.screen.frmMain.txtDatabaseName.Text());
       lines.push_back("according to the Parameters you have entered.");
     }
-    lines.push_back("Debtors will be written to file ");
-    lines.push_back(run.CsvFileName);
+    lines.push_back("Debtors will be written to file " + run.CsvFileName);
   } else {
     lines.push_back("Debtors will NOT be written to file for importing into Pastel.");
   }
@@ -98,10 +99,8 @@ std::string ConfirmationText(Tolmen& app) {
   run.MismatchSummaryOn = false;
   app.options.PatternMatching = false;
   if (run.BillingDate < 1) run.BillingDate = std::floor(app.clock.Now());
-  if (run.RecurringBillingOn) {
-    lines.push_back("New Invoices will be written to file ");
-    lines.push_back(run.InvoiceFileName);
-  }
+  if (run.RecurringBillingOn)
+    lines.push_back("New Invoices will be written to file " + run.InvoiceFileName);
   if (app.screen.frmMain.mnuOptnMax2Pas.Checked())
     lines.assign(1, "Update from Pastel to Maximizer only.");
   lines.push_back("Click 'Yes' if you are sure you want to continue.");
@@ -155,6 +154,8 @@ void tabDlg_Click(Tolmen& app) {
       break;
     case MainForm::kTabCasualBilling:
       form.lstPasInventory.Click();
+      // The free-text boxes follow their message UDF boxes.
+      for (int index : form.cboMessage.Indexes()) form.cboMessage(index).Click();
       break;
     case MainForm::kTabTransfer:
       for (int line = 1; line <= 4; ++line) form.lblProgress(line).SetVisible(false);
@@ -202,7 +203,6 @@ void ImportEntry(Tolmen& app) {
 
 void FillToPastelLists(Tolmen& app) {
   if (app.stages.FillToPastelLists) app.stages.FillToPastelLists();
-  RefillAddressBoxes(app);
   app.shell.ToPastelFilled = true;
 }
 

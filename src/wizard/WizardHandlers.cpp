@@ -45,7 +45,10 @@ void WireStages(Tolmen& app) {
   fill(stages.LoadCategories, [&app] { LoadCategories(app); });
   // The "To Pastel" page's lists: the categories; the UDF boxes come with the UDF catalogue,
   // which OpenMaximizerOLE loads.
-  fill(stages.FillToPastelLists, [&app] { LoadCategories(app); });
+  fill(stages.FillToPastelLists, [&app] {
+    LoadCategories(app);
+    app.shell.ToPastelFilled = true;
+  });
   fill(stages.TransferClients, [&app] { TransferClients(app); });
 }
 
@@ -67,6 +70,9 @@ void WireMainForm(Tolmen& app) {
   form.cmdHideBillR.SetOnClick([&app] { mnuViewBillR_Click(app); });
   form.cmdHideBillC.SetOnClick([&app] { mnuViewBillC_Click(app); });
   form.chkShowToMaxTab.SetOnClick([&app] { chkShowToMaxTab_Click(app); });
+  // The two direction ticks of the Options menu are plain ticks that the run reads.
+  for (MenuItem* tick : {&form.mnuOptnPas2Max, &form.mnuOptnMax2Pas})
+    tick->SetOnClick([tick] { tick->SetChecked(!tick->Checked()); });
   form.Dir1.SetOnChange([&app] { Dir1_Change(app); });
   form.Drive1.SetOnChange([&app] { Drive1_Change(app); });
 }

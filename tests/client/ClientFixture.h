@@ -15,8 +15,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "common/MaxsimProcess.h"
 #include "maximizer/OpenMaximizer.h"
-#include "maxsim/MaxsimProcess.h"
 #include "pastel/OpenPastel.h"
 #include "pastel/PastelTestSet.h"
 #include "shell/Tolmen.h"

@@ -3,7 +3,7 @@
 // and the "Keep Maximizer Visible" question.
 #include <filesystem>
 
-#include "MaximizerTestKit.h"
+#include "common/MaximizerTestKit.h"
 #include "maximizer/OpenMaximizer.h"
 #include "runtime/Cp1252.h"
 #include "shell/ProcessEnd.h"

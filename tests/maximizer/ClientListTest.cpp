@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "MaximizerTestKit.h"
+#include "common/MaximizerTestKit.h"
 #include "maximizer/ClientList.h"
 #include "maximizer/OpenMaximizer.h"
 #include "runtime/RuntimeError.h"

@@ -2,7 +2,7 @@
 // accessors on in-memory records; the list class's calls that need no Maximizer.
 #include <functional>
 
-#include "MaximizerTestKit.h"
+#include "common/MaximizerTestKit.h"
 #include "maximizer/MaxClients.h"
 #include "maximizer/clsClientsOLE.h"
 #include "maximizer/maxDBList.h"

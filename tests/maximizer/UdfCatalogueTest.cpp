@@ -2,7 +2,7 @@
 // renewed after a load, the choice lists' handlers, and reading and writing a UDF.
 #include <filesystem>
 
-#include "MaximizerTestKit.h"
+#include "common/MaximizerTestKit.h"
 #include "maximizer/OpenMaximizer.h"
 #include "maximizer/UdfCatalogue.h"
 

@@ -12,7 +12,7 @@
 #include <filesystem>
 #include <thread>
 
-#include "MaxsimProcess.h"
+#include "common/MaxsimProcess.h"
 #include "platform/automation/MaximizerAutomation.h"
 #include "platform/ui/Clock.h"
 #include "runtime/DateTime.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "MaxsimProcess.h"
+#include "common/MaxsimProcess.h"
 #include "platform/automation/MaximizerAutomation.h"
 #include "platform/ui/Clock.h"
 #include "runtime/DateTime.h"

@@ -7,7 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "MaxsimProcess.h"
+#include "common/MaxsimProcess.h"
 
 namespace tolmen::test {
 namespace {

@@ -1,5 +1,5 @@
 // Starting and stopping maxsim for the tests.
-#include "MaxsimProcess.h"
+#include "common/MaxsimProcess.h"
 
 #include <fcntl.h>
 #include <poll.h>

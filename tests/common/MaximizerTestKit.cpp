@@ -1,5 +1,5 @@
 // Starting maxsim and the application for the Maximizer tests.
-#include "MaximizerTestKit.h"
+#include "common/MaximizerTestKit.h"
 
 #include <fcntl.h>
 #include <poll.h>

@@ -1,0 +1,298 @@
+// A whole transfer of N generated clients, timed: the address book is made with `maxsim init` from
+// a generated description and served by maxsim, the Pastel set is made from the demo description,
+// and Tolmen runs a template from the wizard (RunApplication, the script front-end, a virtual
+// clock, so that the system's own one-second waits cost nothing). Each client has its account
+// code in Maximizer, so no prompt stops the run.
+//
+//   bench_transfer [N...]        one run per N (default 1000 and 10000), each in its own process
+//
+// For each N the parent makes the book and the set and starts maxsim; a child process runs
+// Tolmen alone and reports the wall time of the run, clients per second and its own peak
+// resident memory (VmHWM), split into heap and memory-mapped files, so that memory which does
+// not grow with N shows; the parent then
+// counts the automation calls in maxsim's journal (up to its 100,000 lines).
+// maxsim is found beside this executable.
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "pastel/PastelDataSet.h"
+#include "platform/ui/Clock.h"
+#include "platform/ui/ScriptUi.h"
+#include "runtime/DateTime.h"
+#include "shell/AppInfo.h"
+#include "shell/Application.h"
+#include "shell/Tolmen.h"
+#include "wizard/ScreenActions.h"
+
+extern char** environ;
+
+namespace tolmen::bench {
+namespace {
+
+namespace fs = std::filesystem;
+using json = nlohmann::json;
+
+fs::path BinFolder() {
+  return fs::read_symlink("/proc/self/exe").parent_path();
+}
+
+pid_t Spawn(std::vector<std::string> args, int* out) {
+  std::vector<char*> argv;
+  for (std::string& arg : args) argv.push_back(arg.data());
+  argv.push_back(nullptr);
+  int ends[2] = {-1, -1};
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  if (out != nullptr && ::pipe2(ends, O_CLOEXEC) == 0)
+    posix_spawn_file_actions_adddup2(&actions, ends[1], 1);
+  pid_t pid = -1;
+  if (posix_spawn(&pid, args[0].c_str(), &actions, nullptr, argv.data(), environ) != 0) pid = -1;
+  posix_spawn_file_actions_destroy(&actions);
+  if (out != nullptr) {
+    ::close(ends[1]);
+    *out = ends[0];
+  }
+  return pid;
+}
+
+int Reap(pid_t pid) {
+  int status = 0;
+  if (pid <= 0 || ::waitpid(pid, &status, 0) != pid) return -1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+// Reads `fd` until `until` shows (or until its end when `until` is empty).
+bool ReadUntil(int fd, std::string& text, const std::string& until) {
+  while (until.empty() || text.find(until) == std::string::npos) {
+    pollfd wait{fd, POLLIN, 0};
+    if (::poll(&wait, 1, 600000) <= 0) return false;
+    char buffer[4096];
+    const ssize_t n = ::read(fd, buffer, sizeof buffer);
+    if (n <= 0) return until.empty();
+    text.append(buffer, static_cast<size_t>(n));
+  }
+  return true;
+}
+
+json Book(int clients) {
+  json list = json::array();
+  for (int i = 1; i <= clients; ++i) {
+    char id[16], code[8], name[32];
+    std::snprintf(id, sizeof id, "B%06d", i);
+    std::snprintf(code, sizeof code, "B%05d", i % 100000);
+    std::snprintf(name, sizeof name, "Client %06d (Pty) Ltd", i);
+    list.push_back({{"Identification", id},
+                    {"RecType", 1},
+                    {"Client_Name", name},
+                    {"company", name},
+                    {"Address_Line_1", std::to_string(i) + " Main Road"},
+                    {"City", "Johannesburg"},
+                    {"Zip_/_Postal_Code", "2001"},
+                    {"Phone_1", "011 555 0100"},
+                    {"Phone_1_Description", "Tel"},
+                    {"Phone_2", "011 555 0101"},
+                    {"Phone_2_Description", "Fax"},
+                    {"E-mail Address", std::string("accounts@") + id + ".example"},
+                    {"udfs", {{"Account Number", code}, {"Customer Category", "Retail"}}}});
+  }
+  return {{"name", "Bench Book"},
+          {"udfs",
+           {{{"name", "Account Number"}, {"type", "Alphanumeric"}},
+            {{"name", "Customer Category"},
+             {"type", "Table"},
+             {"items", {"Retail", "Wholesale", "Farming"}}}}},
+          {"clients", list}};
+}
+
+const char* kTemplate =
+    "TOLMEN TEMPLATE FILE\r\n"
+    "*Pastel Data Folder: @PASTEL@\r\n"
+    "Pastel Password: \r\n"
+    "*Maximizer Database Path: @MAXIMIZER@\r\n"
+    "List Clients: 1\r\n"
+    "*Tab: Open\r\n"
+    "*Tab: To Pastel\r\n"
+    "Category Option: 2\r\n"
+    "Category UDF: Customer Category\r\n"
+    "Import Which Data: 1 \r\n"
+    "Individual Client Names: 0 \r\n"
+    "Add Client Name to Address: 0 \r\n"
+    "Add Company Name to Address: 1 \r\n"
+    "Pastel Postal Address: <Selected>\r\n"
+    "Pastel Delivery Address: \r\n"
+    "Pastel Prefix Size:4\r\n"
+    "Pastel Suffix Size:2\r\n"
+    "Account Number: Account Number\r\n"
+    "*Tab: To Maximizer\r\n"
+    "*Tab: Recurring Billing\r\n"
+    "Billing Period: 0\r\n";
+
+std::string Replace(std::string text, const std::string& what, const std::string& with) {
+  const size_t at = text.find(what);
+  if (at != std::string::npos) text.replace(at, what.size(), with);
+  return text;
+}
+
+// A field of /proc/self/status in kilobytes ("VmHWM", "RssAnon", "RssFile"); -1 when missing.
+long StatusKilobytes(const std::string& field) {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);)
+    if (line.rfind(field + ":", 0) == 0) return std::atol(line.c_str() + field.size() + 1);
+  return -1;
+}
+
+// The highest anonymous (heap) and file-backed resident memory seen while it lives, sampled
+// every 5 ms. The file-backed part is the record engine's memory-mapped files (Maximizer's
+// client file grows with the book), shared with the system's page cache.
+class MemorySampler {
+ public:
+  MemorySampler()
+      : thread_([this] {
+          while (!stop_) {
+            anon_ = std::max(anon_.load(), StatusKilobytes("RssAnon"));
+            file_ = std::max(file_.load(), StatusKilobytes("RssFile"));
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+          }
+        }) {}
+  ~MemorySampler() { Stop(); }
+  void Stop() {
+    stop_ = true;
+    if (thread_.joinable()) thread_.join();
+  }
+  long Anon() const { return anon_; }
+  long File() const { return file_; }
+
+ private:
+  std::atomic<bool> stop_{false};
+  std::atomic<long> anon_{0};
+  std::atomic<long> file_{0};
+  std::thread thread_;
+};
+
+// The child: Tolmen alone, over the world the parent made in `folder`.
+int RunTolmen(const fs::path& folder, int clients) {
+  const long before = StatusKilobytes("VmHWM");
+  MemorySampler sampler;
+  VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
+  ScriptUi ui({"@click mnuFile \"&Open Template...\"", "= " + (folder / "home/run.KTF").string(),
+               "@click cmdNext", "Yes", "No"},
+              nullptr, clock, "Tolmen");
+  Tolmen app(MakeAppInfo((folder / "home").string() + "/", "1.0.0"), ui, clock,
+             (folder / "settings.ini").string());
+  ScreenActions window(app.screen);
+  const auto start = std::chrono::steady_clock::now();
+  RunApplication(app, window);
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  sampler.Stop();
+
+  // The run is only counted when every client became a line (the last one twice: Maximizer's
+  // list is read one line past its end).
+  std::ifstream csv(folder / "pastel/MaxCus01.csv", std::ios::binary);
+  long lines = 0;
+  for (std::string line; std::getline(csv, line);) ++lines;
+  if (lines != clients + 1 || app.run.ClientsProcessed != clients + 1) {
+    std::cerr << "bench_transfer: " << lines << " lines and " << app.run.ClientsProcessed
+              << " clients processed for " << clients << " clients\n";
+    return 1;
+  }
+  std::printf(
+      "N=%6d  %7.2f s  %5.0f clients/s  peak RSS %5.1f MB (%.1f MB at start): heap %5.1f MB, "
+      "mapped files %5.1f MB\n",
+      clients, seconds, clients / seconds, StatusKilobytes("VmHWM") / 1024.0, before / 1024.0,
+      sampler.Anon() / 1024.0, sampler.File() / 1024.0);
+  return 0;
+}
+
+// The parent: the world for N clients, maxsim serving it, and the child.
+int Measure(int clients) {
+  const fs::path folder =
+      fs::temp_directory_path() / ("tolmen-bench-transfer-" + std::to_string(::getpid()));
+  fs::remove_all(folder);
+  fs::create_directories(folder / "home");
+  const std::string maxsim = (BinFolder() / "maxsim").string();
+  const std::string socket = (folder / "maximizer.sock").string();
+  ::setenv("MAXIMIZER_SOCKET", socket.c_str(), 1);
+  ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
+
+  std::ofstream(folder / "book.json") << Book(clients).dump();
+  if (Reap(Spawn(
+          {maxsim, "init", (folder / "db").string(), "--from", (folder / "book.json").string()},
+          nullptr)) != 0) {
+    std::cerr << "bench_transfer: maxsim init failed\n";
+    return 1;
+  }
+  {
+    std::ifstream in(std::string(TOLMEN_SOURCE_DIR) + "/tools/pasteldata/samples/demo.json");
+    const json set = json::parse(in);
+    VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
+    ScriptUi ui({}, nullptr, clock, "Tolmen");
+    Tolmen maker(MakeAppInfo((folder / "home").string() + "/", "1.0.0"), ui, clock,
+                 (folder / "maker.ini").string());
+    CreatePastelSet(maker, (folder / "pastel").string() + "/", set);
+  }
+  std::string text = Replace(kTemplate, "@PASTEL@", (folder / "pastel").string() + "/");
+  text = Replace(text, "@MAXIMIZER@", (folder / "db").string());
+  std::ofstream(folder / "home/run.KTF", std::ios::binary) << text;
+
+  int out = -1;
+  const pid_t server = Spawn({maxsim, "serve", (folder / "db").string(), "--socket", socket}, &out);
+  std::string said;
+  int status = 1;
+  if (ReadUntil(out, said, "ready\n")) {
+    const std::string self = fs::read_symlink("/proc/self/exe").string();
+    status = Reap(Spawn({self, "--run", folder.string(), std::to_string(clients)}, nullptr));
+    // The automation calls the run made, from maxsim's journal (which keeps the last 100,000).
+    int journal = -1;
+    const pid_t ctl = Spawn({maxsim, "ctl", "--socket", socket, "journal"}, &journal);
+    std::string calls;
+    ReadUntil(journal, calls, "");
+    ::close(journal);
+    Reap(ctl);
+    const long count = static_cast<long>(std::count(calls.begin(), calls.end(), '\n'));
+    if (status == 0 && count < 100000)
+      std::printf("         %ld automation calls, %.1f a client\n", count,
+                  static_cast<double>(count) / clients);
+  } else {
+    std::cerr << "bench_transfer: maxsim did not start\n";
+  }
+  ::kill(server, SIGTERM);
+  Reap(server);
+  ::close(out);
+  fs::remove_all(folder);
+  return status;
+}
+
+}  // namespace
+}  // namespace tolmen::bench
+
+int main(int argc, char** argv) {
+  if (argc == 4 && std::string(argv[1]) == "--run")
+    return tolmen::bench::RunTolmen(argv[2], std::atoi(argv[3]));
+  std::vector<int> sizes;
+  for (int i = 1; i < argc; ++i) sizes.push_back(std::atoi(argv[i]));
+  if (sizes.empty()) sizes = {1000, 10000};
+  int status = 0;
+  for (int clients : sizes)
+    if (clients > 0 && tolmen::bench::Measure(clients) != 0) status = 1;
+  return status;
+}

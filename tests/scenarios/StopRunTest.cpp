@@ -1,0 +1,129 @@
+// Runs stopped from the Pause dialog: Cancel throws away what the run did in Pastel but keeps the
+// import file's lines; End keeps everything done so far and finishes the run as usual.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "ScenarioKit.h"
+#include "shell/Tolmen.h"
+
+namespace tolmen::test {
+namespace {
+
+class StopRunTest : public ScenarioTest {
+ protected:
+  // Two companies with codes in Maximizer. The templates of the last run lie in the program's
+  // folder and the Pastel folder.
+  void SetUp() override {
+    ASSERT_NO_FATAL_FAILURE(MakeWorld(json::array({
+        Client("A", 1, {{"Client_Name", "Acme Trading"}, {"udfs", {{"Account Number", "ACM001"}}}}),
+        Client("B", 1, {{"Client_Name", "Bravo Ltd"}, {"udfs", {{"Account Number", "BRV001"}}}}),
+    })));
+    const std::string path = WriteTemplate();
+    oldTemplate_ = ReadBytes(path);
+    std::filesystem::copy_file(path, Home() + "CURRENT.KTF");
+    std::filesystem::copy_file(path, PastelFolder() + "Kelbor.KTF");
+  }
+
+  // On the "To Pastel" page the user asks for a new category for every debtor of the run: it
+  // is offered as <4>, after the set's three. Back on the Transfer page, with `more` to do.
+  std::vector<std::string> NewCategory(const std::vector<std::string>& more = {}) const {
+    std::vector<std::string> actions = {"@tab 1", "@click optCategory 1", "@tab 5"};
+    actions.insert(actions.end(), more.begin(), more.end());
+    return actions;
+  }
+
+  const std::vector<std::string> kDemoCategories = {"<1> Retail", "<2> Wholesale",
+                                                    "<3> Retail Sales"};
+  const std::string kAcme = Customer("ACM001", "Acme Trading").Category(4).Line();
+  std::string oldTemplate_;
+};
+
+TEST_F(StopRunTest, CancelDuringTheFirstClientKeepsItsLineAndRollsPastelBack) {
+  // The user clicks Pause while the first client is being worked on; the click is taken at the
+  // next yield, once that client's line stands.
+  atYield = [](Tolmen& app) {
+    if (app.run.ClientsScanned == 1 && app.run.CurrentSection == "End Main Loop")
+      app.screen.frmMain.cmdAbort.Click();
+  };
+  const int status = Run(ImportScript({"Yes", "Cancel", "OK"}, NewCategory()));
+
+  EXPECT_EQ(PastelFileLines("MaxCus01.csv"), std::vector<std::string>{kAcme});
+  EXPECT_EQ(CategoryFile(), kDemoCategories);  // category <4> went with the transaction
+  EXPECT_EQ(ReadBytes(Home() + "CURRENT.KTF"), oldTemplate_);
+  EXPECT_EQ(ReadBytes(PastelFolder() + "Kelbor.KTF"), oldTemplate_);
+
+  const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
+  ASSERT_GE(log.size(), 6u);
+  EXPECT_EQ(log[5], "Create New Customer Category: <4> New Category Description");
+  EXPECT_EQ(std::vector<std::string>(log.end() - 6, log.end()),
+            (std::vector<std::string>{
+                "Created new Customer Category <4> New Category Description",
+                "1 tries to get Maximizer Record Count (2).",
+                "2 tries to get to top Maximizer Record <A>",
+                // the debtor line went to the import file, which is kept
+                "Created  Pastel Customer - a/c ACM001: Acme Trading",
+                "",
+                "Transfer cancelled at 23 Nov 2026 09:00",
+            }))
+      << ::testing::PrintToString(log);
+  const std::string transcript = Transcript();
+  EXPECT_NE(transcript.find("== MsgBox | Tolmen Transfer Paused | Yes/No/Cancel | Question\n"
+                            "You clicked  [Pause...].Updating Pastel Debtors and/or Maximizer "
+                            "UDFs?\n"
+                            "Click 'Yes' to carry on\n"
+                            "Click 'No' to end the transfer after this customer\n"
+                            "-> Cancel\n"
+                            "== MsgBox | Tolmen Transfer Cancelled | OK | Exclamation\n"
+                            "The transfer has been cancelled in Updating Pastel Debtors and/or "
+                            "Maximizer UDFs.\n"
+                            "-> OK\n"),
+            std::string::npos)
+      << transcript;
+  EXPECT_EQ(transcript.find("Import Complete"), std::string::npos);
+  EXPECT_EQ(status, 3);
+}
+
+TEST_F(StopRunTest, EndAtTheFirstClientCommitsAndReports) {
+  // Pause at the first client, and No: the run ends after that client.
+  const int status = Run(ImportScript({"Yes", "No", "No"}, NewCategory({"@pause 1"})));
+
+  const std::string file = PastelFolder() + "MaxCus01.csv";
+  EXPECT_EQ(PastelFileLines("MaxCus01.csv"), std::vector<std::string>{kAcme});
+  std::vector<std::string> categories = kDemoCategories;
+  categories.push_back("<4> New Category Description");
+  EXPECT_EQ(CategoryFile(), categories);
+
+  const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
+  ASSERT_GE(log.size(), 4u);
+  EXPECT_EQ(std::vector<std::string>(log.end() - 4, log.end()),
+            (std::vector<std::string>{
+                "Created  Pastel Customer - a/c ACM001: Acme Trading",
+                "",
+                "The transfer was stopped at 23 Nov 2026 09:00",
+                "1 Pastel Debtors (0 new) were written to file " + file,
+            }))
+      << ::testing::PrintToString(log);
+  EXPECT_NE(Transcript().find("== MsgBox | Tolmen Import Complete: Open Log File? | Yes/No | "
+                              "Information\n"
+                              "1 Pastel Debtors (0 new) were written to file " +
+                              file + "\nDo you want to Open the Log File?\n-> No\n"),
+            std::string::npos)
+      << Transcript();
+
+  // Both templates are the run's options now: the new category is an existing one.
+  for (const std::string& saved : {Home() + "CURRENT.KTF", PastelFolder() + "Kelbor.KTF"}) {
+    const std::vector<std::string> lines = CrLfLines(ReadBytes(saved));
+    EXPECT_NE(std::find(lines.begin(), lines.end(), "Category Option: 0"), lines.end()) << saved;
+    EXPECT_NE(std::find(lines.begin(), lines.end(),
+                        "Existing Customer Category: <4> New Category Description"),
+              lines.end())
+        << saved;
+  }
+  EXPECT_EQ(status, 0);
+}
+
+}  // namespace
+}  // namespace tolmen::test

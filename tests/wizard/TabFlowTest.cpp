@@ -1,0 +1,305 @@
+// The wizard's tab flow played through the script front-end as a user plays it: a real Pastel set
+// (made by pasteldata's library code), a real maxsim serving a small address book, the demo
+// template, a virtual clock, and the transcript of every dialog.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "common/MaximizerTestKit.h"
+#include "pastel/PastelDataSet.h"
+#include "shell/Application.h"
+#include "wizard/ScreenActions.h"
+
+namespace tolmen::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ReadAll(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+int Occurrences(const std::string& text, const std::string& part) {
+  int count = 0;
+  for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+// The main window, noting the page shown after each action; `before` runs just before one.
+class RecordingWindow final : public ScreenActions {
+ public:
+  explicit RecordingWindow(ScreenModel& model) : ScreenActions(model), model_(model) {}
+  std::string Perform(const UiAction& action) override {
+    if (before) before(action);
+    std::string result = ScreenActions::Perform(action);
+    pages.push_back(model_.frmMain.tabDlg.Tab());
+    return result;
+  }
+  std::function<void(const UiAction&)> before;
+  std::vector<int> pages;
+
+ private:
+  ScreenModel& model_;
+};
+
+class TabFlowTest : public ::testing::Test {
+ protected:
+  TabFlowTest() : socket_(dir_.File("maximizer.sock")), maxsim_(dir_.Path().string(), socket_) {
+    ::setenv("MAXIMIZER_SOCKET", socket_.c_str(), 1);
+    fs::create_directories(Home());
+  }
+
+  std::string Home() const { return dir_.File("home") + "/"; }
+  std::string Pastel() const { return dir_.File("pastel") + "/"; }
+  MainForm& Form() { return app_->screen.frmMain; }
+
+  // Acme (ACM001), Botha (BOT001), Bluegum (not for Pastel), Cape Fasteners (CAP001) and Zulu
+  // Coffee (not for Pastel; the last line of the list, which a run reads twice).
+  void ServeSmallBook() {
+    nlohmann::json book = DemoBook();
+    nlohmann::json clients = nlohmann::json::array();
+    for (int n : {0, 3, 4, 7, 8}) clients.push_back(book["clients"][n]);
+    book["clients"] = clients;
+    database_ = maxsim_.Init("maximizer", book);
+    ASSERT_TRUE(maxsim_.Serve(database_));
+  }
+
+  // The demo template for the Pastel set and `databasePath`, kept in the program's folder.
+  std::string WriteTemplate(const std::string& databasePath) {
+    std::ifstream in(std::string(TOLMEN_SOURCE_DIR) + "/tools/demo/demo.KTF");
+    std::string text;
+    for (std::string line; std::getline(in, line);) {
+      for (const auto& [mark, value] : {std::pair<std::string, std::string>{"@PASTEL@", Pastel()},
+                                        {"@MAXIMIZER@", databasePath}})
+        if (size_t at = line.find(mark); at != std::string::npos)
+          line.replace(at, mark.size(), value);
+      text += line + "\r\n";
+    }
+    const std::string path = Home() + "demo.KTF";
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+  }
+
+  // The whole life of a fresh application (on the same settings and folders) over `script`;
+  // `prepare` runs before the window loads.
+  void Play(const std::vector<std::string>& script, const std::function<void()>& prepare = {}) {
+    window_.reset();
+    app_.reset();
+    transcript_.str("");
+    ui_ = std::make_unique<ScriptUi>(script, &transcript_, clock_, "Tolmen");
+    app_ = std::make_unique<Tolmen>(MakeAppInfo(Home(), "1.0.0"), *ui_, clock_,
+                                    dir_.File("settings.ini"));
+    if (!fs::exists(Pastel())) {
+      std::ifstream set(std::string(TOLMEN_SOURCE_DIR) + "/tools/pasteldata/samples/demo.json");
+      CreatePastelSet(*app_, Pastel(), nlohmann::json::parse(set));
+    }
+    window_ = std::make_unique<RecordingWindow>(app_->screen);
+    if (prepare) prepare();
+    RunApplication(*app_, *window_);
+  }
+
+  std::string Transcript() const { return transcript_.str(); }
+  std::string OpenTemplate() const { return "@click mnuFile \"&Open Template...\""; }
+
+  TempDir dir_{"tolmen-wizard-"};
+  std::string socket_;
+  Maxsim maxsim_;
+  std::string database_;
+  VirtualClock clock_{DateFromParts(2026, 11, 23, 9, 0, 0)};
+  std::ostringstream transcript_;
+  std::unique_ptr<ScriptUi> ui_;
+  std::unique_ptr<Tolmen> app_;
+  std::unique_ptr<RecordingWindow> window_;
+};
+
+TEST_F(TabFlowTest, HiddenPagesAreSkippedAndAPageThatGoesWhileShowingIsLeftFirst) {
+  ServeSmallBook();
+  Play({"@set Dir1 " + Pastel(), "@click cmdNext", "@click optImport 0",  // all clients
+        "@click cmdNext",                                                 // to "To Maximizer"
+        "@click mnuViewMaximizer", "Yes", "@click mnuViewBillR", "Yes", "@click mnuViewBillC", "No",
+        "@click cmdHideBillC", "Yes", "@click cmdBack", "@click cmdNext",
+        "@click mnuViewBillC"},  // shown again, without a question
+       [this] {
+         Form().lstBillCSet.AddItem("Monthly fee");
+         Form().lstBillCSet.AddItem("Support");
+       });
+  // Each page hidden while it showed was left by Next first; Back and Next then skip all three.
+  EXPECT_EQ(window_->pages, (std::vector<int>{0, 1, 1, 2, 3, 4, 4, 5, 1, 5, 5})) << Transcript();
+  const std::string casual =
+      "== MsgBox | Disable Casual Billing? | Yes/No | Question\n"
+      "Do you really want to Hide Casual Billing?\n"
+      "The items in the Billing List will be Lost.\n"
+      "(to re-enable, use View > Casual Billing)\n";
+  const std::string transcript = Transcript();
+  EXPECT_NE(transcript.find("== MsgBox | Disable To Maximizer? | Yes/No | Question\n"
+                            "Do you really want to Hide To Maximizer?\n"
+                            "(to re-enable, use View > To Maximizer)\n-> Yes\n"),
+            std::string::npos);
+  EXPECT_NE(transcript.find(casual + "-> No\n@ click cmdHideBillC\n" + casual + "-> Yes\n"),
+            std::string::npos);
+  EXPECT_EQ(Occurrences(transcript, "== MsgBox"), 4) << transcript;
+
+  MainForm& form = Form();
+  for (MenuItem* tick : {&form.mnuViewMaximizer, &form.mnuViewBillR})
+    EXPECT_FALSE(tick->Checked()) << tick->Name();
+  for (int page : {2, 3}) EXPECT_FALSE(form.tabDlg.TabVisible(page)) << page;
+  EXPECT_TRUE(form.mnuViewBillC.Checked());
+  EXPECT_TRUE(form.tabDlg.TabVisible(MainForm::kTabCasualBilling));
+  EXPECT_EQ(form.chkShowToMaxTab.Value(), 0);
+  EXPECT_EQ(form.optBillPeriod.Value(), 0);
+  EXPECT_EQ(form.lstBillCSet.ListCount(), 0);
+  EXPECT_EQ(form.cmdNext.Caption(), "&Import");
+  EXPECT_TRUE(form.cmdBack.Enabled());
+}
+
+TEST_F(TabFlowTest, AFailedPastelOpenOnTheFirstPageStillAsksForMaximizer) {
+  fs::create_directories(dir_.File("empty"));
+  // No maxsim: the start and the Next each meet "Maximizer Required!".
+  Play({"@set Dir1 " + dir_.File("empty") + "/", "@click cmdNext", "Cancel"});
+  const std::string transcript = Transcript();
+  const size_t next = transcript.find("@ click cmdNext\n== InputBox | ");
+  ASSERT_NE(next, std::string::npos) << transcript;
+  EXPECT_NE(transcript.find("-> Cancel\n== MsgBox | Maximizer Required! | OK | Exclamation\n"
+                            "Please run Maximizer before running Tolmen!\n",
+                            next),
+            std::string::npos)
+      << transcript;
+  EXPECT_EQ(window_->pages.back(), MainForm::kTabOpen);
+  EXPECT_FALSE(Form().cmdBack.Enabled());
+}
+
+TEST_F(TabFlowTest, ArrivingWhileMaximizerIsGoneKeepsTheButtonsAndThePage) {
+  ServeSmallBook();
+  Play({"@set Dir1 " + Pastel(), "@click cmdNext", "@tab 5"}, [this] {
+    window_->before = [this](const UiAction& action) {
+      if (action.verb == "tab") maxsim_.Kill();  // the user closed Maximizer
+    };
+  });
+  const std::string transcript = Transcript();
+  const size_t arrival = transcript.find("@ tab 5\n== MsgBox | Tolmen | OK | None\nError ");
+  EXPECT_NE(arrival, std::string::npos) << transcript;
+  EXPECT_EQ(window_->pages, (std::vector<int>{0, 1, 5}));
+  EXPECT_TRUE(Form().cmdBack.Enabled());
+  EXPECT_EQ(Form().cmdNext.Caption(), "&Next >>");
+}
+
+TEST_F(TabFlowTest, TheImportConfirmationInEachOfItsForms) {
+  ServeSmallBook();
+  const std::string path = WriteTemplate(database_);
+  Play({OpenTemplate(), "= " + path, "@click cmdNext", "No",  // criteria "Yes" in the UDF
+        "@tab 1", "@set txtUserFldVal \"\"", "@tab 5", "@click cmdNext", "No",  // every client
+        "@click chkWritePasFile", "@click cmdNext", "No",                       // no CSV file
+        "@click mnuOptnMax2Pas", "@click cmdNext", "No"},
+       [this] {
+         window_->before = [this](const UiAction& action) {
+           if (action.verb == "click" && action.args[0] == "chkWritePasFile")
+             app_->run.BillingDate = DateFromParts(2026, 11, 25, 0, 0, 0);
+         };
+       });
+  const std::string title =
+      "== MsgBox | Confirm Import - 09:00 23 November 2026 | Yes/No | Question\n";
+  const std::string billing =
+      "== MsgBox | Confirm Import - 09:00 23 November 2026 - Recurring Billing 25 Nov 2026 | "
+      "Yes/No | Question\n";
+  const std::string csv = "Debtors will be written to file " + Pastel() + "MaxCus01.csv\n";
+  const std::string sure = "Click 'Yes' if you are sure you want to continue.\n-> No\n";
+  const std::vector<std::string> dialogs = {
+      title + "Tolmen will use the Pastel Accounts: " + Pastel() +
+          "\nwith the  Maximizer database: Demo Address Book\n"
+          "according to the Parameters you have entered.\n" +
+          csv + sure,
+      "== Beep\n" + title + "Please Note: According to your current Import Criteria \n" +
+          "it is possible for the entire Maximizer Database to be \nimported into Pastel.\n" + csv +
+          sure,
+      billing + "Debtors will NOT be written to file for importing into Pastel.\n" + sure,
+      billing + "Update from Pastel to Maximizer only.\n" + sure};
+  const std::string transcript = Transcript();
+  size_t at = 0;
+  for (const std::string& dialog : dialogs) {
+    at = transcript.find(dialog, at);
+    ASSERT_NE(at, std::string::npos) << "missing in order:\n" << dialog << "\nin:\n" << transcript;
+  }
+  EXPECT_EQ(Occurrences(transcript, "== Beep"), 1);
+  EXPECT_EQ(Occurrences(transcript, "== MsgBox"), 4) << transcript;
+  EXPECT_FALSE(fs::exists(Pastel() + "MaxCus01.csv"));  // nothing ran
+}
+
+TEST_F(TabFlowTest, DatabaseChangeWarningIsGivenOncePerTemplateAndNoGoesBackToTheFirstPage) {
+  ServeSmallBook();
+  const std::string path = WriteTemplate(dir_.File("old-book"));
+  Play({OpenTemplate(), "= " + path, "@tab 1", "No", "@click cmdNext", "@click cmdNext"});
+  const std::string warning =
+      "== MsgBox | Tolmen Warning: Maximizer Database change! | Yes/No | None\n"
+      "In your previous run you were using the Maximizer database:\n" +
+      dir_.File("old-book") + "\nNow you are using:\n" + database_ + "\nIs this OK?\n-> No\n";
+  const std::string transcript = Transcript();
+  EXPECT_NE(transcript.find("@ tab 1\n" + warning + "@ click cmdNext\n"), std::string::npos)
+      << transcript;
+  EXPECT_EQ(Occurrences(transcript, "Warning: Maximizer Database change!"), 1);
+  // The template sent the wizard to the Transfer page; No sent it back to the first page, from
+  // where it goes on without a second warning.
+  EXPECT_EQ(window_->pages, (std::vector<int>{5, 0, 1, 2}));
+}
+
+TEST_F(TabFlowTest, LimitLogFileSizeStoresANumericAnswerAndTicksTheItem) {
+  const std::string limit = "@click mnuFile \"&Limit Log File Size...\"";
+  const auto prompt = [](const std::string& shown, const std::string& answer) {
+    return "== InputBox | Limit Log File Size? | " + shown +
+           "\nLimit Log File Size to how many Kilobytes?\nPrevious file is kept as "
+           "Tolmen0.LOG\n(0 = Do not limit size.)\n-> = " +
+           answer + "\n";
+  };
+  Play({limit, "= 250"});
+  EXPECT_NE(Transcript().find(prompt("1000", "250")), std::string::npos) << Transcript();
+  EXPECT_TRUE(Form().mnuFile(21).Checked());
+  EXPECT_EQ(Settings(dir_.File("settings.ini")).GetSetting("Settings", "LogFileLimit"), "250");
+
+  // A new start reads the stored limit; an answer that is no number changes nothing, 0 unticks.
+  Play({limit, "= about 300", limit, "= 0"});
+  EXPECT_NE(Transcript().find(prompt("250", "about 300") +
+                              "@ click mnuFile \"&Limit Log File "
+                              "Size...\"\n" +
+                              prompt("250", "0")),
+            std::string::npos)
+      << Transcript();
+  EXPECT_FALSE(Form().mnuFile(21).Checked());
+  EXPECT_EQ(Settings(dir_.File("settings.ini")).GetSetting("Settings", "LogFileLimit"), "0");
+}
+
+TEST_F(TabFlowTest, OpeningATemplateAndImportingRunsTheTransfer) {
+  ServeSmallBook();
+  const std::string path = WriteTemplate(database_);
+  Play({OpenTemplate(), "= " + path, "@click cmdNext", "Yes", "No"});
+  const std::string transcript = Transcript();
+  EXPECT_NE(transcript.find("@ click cmdNext\n== MsgBox | Confirm Import - 09:00 23 November "
+                            "2026 | Yes/No | Question\n"),
+            std::string::npos)
+      << transcript;
+  EXPECT_NE(transcript.find("Click 'Yes' if you are sure you want to continue.\n-> Yes\n"),
+            std::string::npos);
+  EXPECT_NE(transcript.find("== MsgBox | Tolmen Import Complete: Open Log File? | Yes/No | "
+                            "Information\n3 Pastel Debtors (0 new) were written to file " +
+                            Pastel() + "MaxCus01.csv\n"),
+            std::string::npos)
+      << transcript;
+  // One line per client marked for Pastel, Bluegum left out.
+  std::vector<std::string> codes;
+  std::istringstream csv(ReadAll(Pastel() + "MaxCus01.csv"));
+  for (std::string line; std::getline(csv, line);) codes.push_back(line.substr(0, 9));
+  EXPECT_EQ(codes, (std::vector<std::string>{"\"ACM001\",", "\"BOT001\",", "\"CAP001\","}));
+  EXPECT_NE(ReadAll(Pastel() + "Tolmen.LOG").find("Tolmen Import Completed at 23 Nov 2026 09:00"),
+            std::string::npos);
+  EXPECT_FALSE(app_->run.RunActive);
+}
+
+}  // namespace
+}  // namespace tolmen::test
