@@ -1,6 +1,8 @@
 // Starting maxsim and the application for the Maximizer tests.
 #include "common/MaximizerTestKit.h"
 
+#include "common/MaxsimProcess.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
@@ -19,61 +21,6 @@ extern char** environ;
 
 namespace tolmen::test {
 namespace {
-
-const std::string kMaxsim = std::string(TOLMEN_BIN_DIR) + "/maxsim";
-
-// Starts maxsim with its stdout on a pipe; the pid, and the pipe's read end in `out`.
-pid_t Spawn(const std::vector<std::string>& args, int& out) {
-  std::vector<std::string> all = {kMaxsim};
-  all.insert(all.end(), args.begin(), args.end());
-  std::vector<char*> argv;
-  for (std::string& arg : all) argv.push_back(arg.data());
-  argv.push_back(nullptr);
-  int ends[2];
-  if (::pipe2(ends, O_CLOEXEC) != 0) return -1;
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, ends[1], 1);
-  pid_t pid = -1;
-  if (posix_spawn(&pid, kMaxsim.c_str(), &actions, nullptr, argv.data(), environ) != 0) pid = -1;
-  posix_spawn_file_actions_destroy(&actions);
-  ::close(ends[1]);
-  out = ends[0];
-  return pid;
-}
-
-// Reads until the end, or until `until` shows; false when 10 seconds pass first.
-bool ReadFrom(int fd, std::string& text, const std::string& until = "") {
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-  while (until.empty() || text.find(until) == std::string::npos) {
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
-        deadline - std::chrono::steady_clock::now());
-    pollfd wait{fd, POLLIN, 0};
-    if (left.count() <= 0 || ::poll(&wait, 1, static_cast<int>(left.count())) <= 0) return false;
-    char buffer[4096];
-    const ssize_t n = ::read(fd, buffer, sizeof buffer);
-    if (n <= 0) return until.empty();
-    text.append(buffer, static_cast<size_t>(n));
-  }
-  return true;
-}
-
-int Reap(pid_t pid) {
-  int status = 0;
-  if (::waitpid(pid, &status, 0) != pid) return -1;
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-ProgramRun RunMaxsim(const std::vector<std::string>& args) {
-  ProgramRun run;
-  int out = -1;
-  const pid_t pid = Spawn(args, out);
-  if (pid < 0) return run;
-  ReadFrom(out, run.out);
-  ::close(out);
-  run.status = Reap(pid);
-  return run;
-}
 
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
@@ -110,7 +57,7 @@ std::string Maxsim::Init(const std::string& name, const nlohmann::json& descript
 
 bool Maxsim::Serve(const std::string& folder) {
   Stop();
-  pid_ = Spawn({"serve", folder, "--socket", socket_}, stdout_);
+  pid_ = SpawnMaxsim({"serve", folder, "--socket", socket_}, stdout_);
   std::string text;
   return pid_ > 0 && ReadFrom(stdout_, text, "ready\n");
 }

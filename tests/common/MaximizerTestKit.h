@@ -14,6 +14,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "common/MaxsimProcess.h"
 #include "common/TempDir.h"
 #include "platform/ui/Clock.h"
 #include "platform/ui/ScriptUi.h"
@@ -76,10 +77,8 @@ class HookedUi final : public Ui {
   Ui& inner_;
 };
 
-struct ProgramRun {
-  int status = -1;  // exit status; -1 when the program did not end normally
-  std::string out;
-};
+// A run of maxsim: its exit status (-1 when it did not end normally) and what it printed.
+using ProgramRun = RunResult;
 
 // A maxsim instance: address books made with `maxsim init` in folders of `root`, served on
 // `socket` by `maxsim serve`, driven by `maxsim ctl`.

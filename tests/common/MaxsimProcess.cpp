@@ -18,8 +18,9 @@ namespace {
 
 const std::string kMaxsim = std::string(TOLMEN_BIN_DIR) + "/maxsim";
 
-// Starts maxsim with its stdout on a pipe; the pid, and the pipe's read end in `out`.
-pid_t Spawn(const std::vector<std::string>& args, int& out) {
+}  // namespace
+
+pid_t SpawnMaxsim(const std::vector<std::string>& args, int& out) {
   std::vector<std::string> all = {kMaxsim};
   all.insert(all.end(), args.begin(), args.end());
   std::vector<char*> argv;
@@ -38,8 +39,7 @@ pid_t Spawn(const std::vector<std::string>& args, int& out) {
   return pid;
 }
 
-// Reads until end of file, or until `until` shows up; false when 10 s pass first.
-bool ReadFrom(int fd, std::string& text, const std::string& until = "") {
+bool ReadFrom(int fd, std::string& text, const std::string& until) {
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
   while (until.empty() || text.find(until) == std::string::npos) {
     const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
@@ -60,8 +60,6 @@ int Reap(pid_t pid) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-}  // namespace
-
 std::string SampleDescription() {
   return std::string(TOLMEN_SOURCE_DIR) + "/tools/maxsim/samples/demo.json";
 }
@@ -69,7 +67,7 @@ std::string SampleDescription() {
 RunResult RunMaxsim(const std::vector<std::string>& args) {
   RunResult result;
   int out = -1;
-  const pid_t pid = Spawn(args, out);
+  const pid_t pid = SpawnMaxsim(args, out);
   if (pid < 0) return result;
   ReadFrom(out, result.out);
   ::close(out);
@@ -93,7 +91,7 @@ MaxsimProcess::~MaxsimProcess() {
 }
 
 bool MaxsimProcess::Start() {
-  pid_ = Spawn({"serve", database_, "--socket", socket_}, stdout_);
+  pid_ = SpawnMaxsim({"serve", database_, "--socket", socket_}, stdout_);
   std::string text;
   return pid_ > 0 && ReadFrom(stdout_, text, "ready\n");
 }

@@ -19,6 +19,14 @@ struct RunResult {
   std::string out;
 };
 
+// Starts build/bin/maxsim with the arguments, its stdout on a pipe: the pid (-1 when it could not
+// start), and the pipe's read end in `out`.
+pid_t SpawnMaxsim(const std::vector<std::string>& args, int& out);
+// Reads `fd` until its end, or until `until` shows; false when 10 seconds pass first.
+bool ReadFrom(int fd, std::string& text, const std::string& until = "");
+// Waits for the process to end: its exit status, or -1.
+int Reap(pid_t pid);
+
 // Runs build/bin/maxsim with the arguments and waits for it.
 RunResult RunMaxsim(const std::vector<std::string>& args);
 
