@@ -25,7 +25,7 @@
 #include <vector>
 
 #include "platform/recordmanager/BtrCodes.h"
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/RecordEngine.h"
 
 namespace tolmen::bench {

@@ -29,7 +29,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 
 namespace tolmen {
 

@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "platform/recordmanager/BtrCodes.h"
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 #include "platform/ui/ScriptUi.h"
 #include "recordio/BtGlobal.h"
 #include "recordio/BtObject.h"
@@ -181,9 +181,9 @@ TEST_F(GlobalIOTest, UnexpectedStatusShowsTheFatalDialogAndCarryingOnStops) {
   ASSERT_TRUE(record.IsOpen);
   app_->run.CurrentSection = "Reading Debtors";
   record.KeyNum = 3;  // the file has one key: status 6
-  EXPECT_THROW(GlobalIO(*app_, record, 5, std::string("AAAA"), std::nullopt,
-                        std::string("Find Debtor")),
-               ProcessEnd);
+  EXPECT_THROW(
+      GlobalIO(*app_, record, 5, std::string("AAAA"), std::nullopt, std::string("Find Debtor")),
+      ProcessEnd);
 
   const std::string message =
       "Unexpected BTrieve Status in Sub GlobalIO - Program Cannot Continue!\n"
@@ -259,8 +259,9 @@ TEST_F(GlobalIOTest, DebugLevelsAddTheirLines) {
   GlobalIO(*app_, record, 5, std::string("AB\tC"));
   const std::string log = ReadFile(folder_ / "Tolmen.LOG");
   EXPECT_NE(log.find("# Debug: >>GlobalIO clsTest\r\n"), std::string::npos);
-  EXPECT_NE(log.find("# Debug: GlobalIO BGETEQU|0|255|AB{09}C" + std::string(251, ' ') + "|6|AB{09}CDx|"),
-            std::string::npos);
+  EXPECT_NE(
+      log.find("# Debug: GlobalIO BGETEQU|0|255|AB{09}C" + std::string(251, ' ') + "|6|AB{09}CDx|"),
+      std::string::npos);
   EXPECT_FALSE(app_->log.IsOpen());  // closed after each entry above level 0
 }
 

@@ -10,13 +10,12 @@
 #include <random>
 #include <string>
 
-#include "platform/recordmanager/BtrCodes.h"
-#include "platform/recordmanager/FileSpec.h"
 #include "common/TempDir.h"
+#include "platform/recordmanager/BtrCodes.h"
+#include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/RecordEngine.h"
 
 namespace tolmen::test {
-
 
 // The buffers of one position block.
 class Client {

@@ -125,9 +125,9 @@ TEST(CreateTest, DefinitionsTheEngineCannotKeepAreRefused) {
   TempDir dir;
   RecordEngine engine;
   for (const Case& c : cases) {
-    FileSpec spec = ToFileSpec(c.def);
-    if (!spec.segments.empty()) spec.segments[0].flags |= c.extraFlags;
-    std::string pos(128, ' '), data = EncodeFileSpec(spec), key = dir.File("bad.dat");
+    FileStat stats = ToFileStat(c.def);
+    if (!stats.segments.empty()) stats.segments[0].flags |= c.extraFlags;
+    std::string pos(128, ' '), data = EncodeFileStat(stats), key = dir.File("bad.dat");
     auto len = static_cast<int32_t>(data.size());
     EXPECT_EQ(engine.BTRCALL(kOpCreate, pos, data, len, key, 255, 0), c.status) << c.what;
     EXPECT_FALSE(std::filesystem::exists(dir.File("bad.dat"))) << c.what;

@@ -204,21 +204,21 @@ TEST_F(PeopleFile, StatPositionAndDirect) {
   Load();
   ASSERT_EQ(f.Get(kOpStat, 0, 512), 0);
   ASSERT_EQ(f.dataLen, 16 + 3 * 16);
-  FileSpec spec;
-  ASSERT_TRUE(DecodeFileSpec(f.data, spec));
-  EXPECT_EQ(spec.recordLength, 32);
-  EXPECT_EQ(spec.pageSize, 4096);
-  EXPECT_EQ(spec.keyCount, 3);
+  FileStat stats;
+  ASSERT_TRUE(DecodeFileStat(f.data, stats));
+  EXPECT_EQ(stats.recordLength, 32);
+  EXPECT_EQ(stats.pageSize, 4096);
+  EXPECT_EQ(stats.keyCount, 3);
   EXPECT_EQ(f.data.substr(6, 4), Le<uint32_t>(5)) << "record count at offset 6";
-  const FileSpec made = ToFileSpec(People());
-  ASSERT_EQ(spec.segments.size(), made.segments.size());
+  const FileStat made = ToFileStat(People());
+  ASSERT_EQ(stats.segments.size(), made.segments.size());
   for (size_t i = 0; i < made.segments.size(); ++i) {
-    EXPECT_EQ(spec.segments[i].position, made.segments[i].position);
-    EXPECT_EQ(spec.segments[i].length, made.segments[i].length);
-    EXPECT_EQ(spec.segments[i].flags, made.segments[i].flags);
-    EXPECT_EQ(spec.segments[i].type, made.segments[i].type);
+    EXPECT_EQ(stats.segments[i].position, made.segments[i].position);
+    EXPECT_EQ(stats.segments[i].length, made.segments[i].length);
+    EXPECT_EQ(stats.segments[i].flags, made.segments[i].flags);
+    EXPECT_EQ(stats.segments[i].type, made.segments[i].type);
   }
-  EXPECT_EQ(spec.segments[1].uniqueValues, 3u) << "SMITH, JONES, BROWN";
+  EXPECT_EQ(stats.segments[1].uniqueValues, 3u) << "SMITH, JONES, BROWN";
   EXPECT_EQ(f.Get(kOpStat, 0, 20), kStatusDataBufferTooShort);
 
   ASSERT_EQ(f.GetKey(kOpGetEqual, Le<int32_t>(30), 0), 0);

@@ -9,7 +9,7 @@
 
 #include <string>
 
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 
 namespace tolmen::butil {
 

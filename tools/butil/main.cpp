@@ -18,7 +18,7 @@
 #include "SaveFormat.h"
 #include "StatusText.h"
 #include "platform/recordmanager/BtrCodes.h"
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/RecordEngine.h"
 #include "platform/recordmanager/RecordFile.h"
 
@@ -66,28 +66,28 @@ const char* YesNo(bool yes) {
   return yes ? "Yes" : "No";
 }
 
-int16_t ReadSpec(Btr& f, FileSpec& spec) {
+int16_t ReadSpec(Btr& f, FileStat& stats) {
   if (int16_t st = f.Get(kOpStat, kStatRoom)) return st;
-  return DecodeFileSpec(f.data.substr(0, static_cast<size_t>(f.dataLen)), spec) ? kStatusOk
-                                                                                : kStatusIoError;
+  return DecodeFileStat(f.data.substr(0, static_cast<size_t>(f.dataLen)), stats) ? kStatusOk
+                                                                                 : kStatusIoError;
 }
 
 int Stat(const std::string& path) {
   RecordEngine engine;
   Btr f(engine);
   if (int16_t st = f.Open(path, kReadOnly)) return Fail(path, st);
-  FileSpec spec;
-  if (int16_t st = ReadSpec(f, spec)) return Fail(path, st);
+  FileStat stats;
+  if (int16_t st = ReadSpec(f, stats)) return Fail(path, st);
   std::string out = fmt::format(
       "File Statistics for {}\n\nRecord Length = {}\nVariable Records = {}\nPage Size = {}\n"
       "Number of Records = {}\nNumber of Keys = {}\n\n",
-      path, spec.recordLength, YesNo(spec.fileFlags & kFileVariable), spec.pageSize,
-      spec.recordCount, spec.keyCount);
+      path, stats.recordLength, YesNo(stats.fileFlags & kFileVariable), stats.pageSize,
+      stats.recordCount, stats.keyCount);
   out += fmt::format("{:>3} {:>7} {:>8} {:>6}  {:<16}{:<11}{:<11}{:<11}{:<16}{:>13}\n", "Key",
                      "Segment", "Position", "Length", "Type", "Duplicates", "Modifiable",
                      "Descending", "CaseInsensitive", "Unique Values");
   int key = 0, segment = 0;
-  for (const SegmentSpec& s : spec.segments) {
+  for (const SegmentStat& s : stats.segments) {
     const uint8_t type = (s.flags & kKeyExtendedType) ? s.type
                          : (s.flags & kKeyBinary)     ? uint8_t{14}
                                                       : uint8_t{0};
@@ -128,10 +128,10 @@ int Save(const std::string& path, const std::string& outPath) {
   RecordEngine engine;
   Btr f(engine);
   if (int16_t st = f.Open(path, kReadOnly)) return Fail(path, st);
-  FileSpec spec;
-  if (int16_t st = ReadSpec(f, spec)) return Fail(path, st);
+  FileStat stats;
+  if (int16_t st = ReadSpec(f, stats)) return Fail(path, st);
   const auto room = static_cast<int32_t>(
-      (spec.fileFlags & kFileVariable) ? RecordFile::kMaxRecordBytes : spec.recordLength);
+      (stats.fileFlags & kFileVariable) ? RecordFile::kMaxRecordBytes : stats.recordLength);
   std::ofstream out(outPath, std::ios::binary | std::ios::trunc);
   if (!out) return Fail(outPath + ": cannot be written");
   long count = 0;

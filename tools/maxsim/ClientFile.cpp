@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "platform/recordmanager/BtrCodes.h"
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 #include "recordio/FieldCodecs.h"
 #include "runtime/Conversion.h"
 #include "runtime/DateTime.h"

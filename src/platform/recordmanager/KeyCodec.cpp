@@ -45,7 +45,7 @@ void AppendBigEndian(std::string& out, uint64_t v, size_t n) {
   for (size_t i = n; i-- > 0;) out.push_back(static_cast<char>((v >> (8 * i)) & 0xFF));
 }
 
-void AppendSegment(std::string& out, const SegmentSpec& s, const unsigned char* src) {
+void AppendSegment(std::string& out, const SegmentStat& s, const unsigned char* src) {
   const size_t start = out.size();
   const size_t n = s.length;
   const bool fold = (s.flags & kKeyNoCase) != 0;
@@ -145,33 +145,33 @@ unsigned char FoldCase(unsigned char c) {
   return kFold[c];
 }
 
-KeyType SegmentType(const SegmentSpec& s) {
+KeyType SegmentType(const SegmentStat& s) {
   if (s.flags & kKeyExtendedType) return static_cast<KeyType>(s.type);
   return (s.flags & kKeyBinary) ? KeyType::UnsignedBinary : KeyType::String;
 }
 
-int16_t BuildKeyModels(const FileSpec& spec, std::vector<KeyModel>& keys) {
+int16_t BuildKeyModels(const FileStat& stats, std::vector<KeyModel>& keys) {
   keys.clear();
-  if (spec.pageSize < 512 || spec.pageSize > 16384 || spec.pageSize % 512 != 0) {
+  if (stats.pageSize < 512 || stats.pageSize > 16384 || stats.pageSize % 512 != 0) {
     return kStatusInvalidPageSize;
   }
-  if (spec.recordLength == 0) return kStatusInvalidRecordLength;
-  if (spec.keyCount == 0 || spec.keyCount > 119) return kStatusInvalidKeyCount;
+  if (stats.recordLength == 0) return kStatusInvalidRecordLength;
+  if (stats.keyCount == 0 || stats.keyCount > 119) return kStatusInvalidKeyCount;
   constexpr uint16_t kUnsupported = kKeyAltCollation | kKeyNullAll | kKeyNullAny;
   size_t at = 0;
-  for (unsigned k = 0; k < spec.keyCount; ++k) {
+  for (unsigned k = 0; k < stats.keyCount; ++k) {
     KeyModel key;
     bool more = true;
     while (more) {
-      if (at >= spec.segments.size()) return kStatusInvalidKeyCount;
-      const SegmentSpec& s = spec.segments[at++];
+      if (at >= stats.segments.size()) return kStatusInvalidKeyCount;
+      const SegmentStat& s = stats.segments[at++];
       if (key.segments.empty()) {
         key.duplicates = (s.flags & kKeyDuplicates) != 0;
         key.modifiable = (s.flags & kKeyModifiable) != 0;
       }
       if (s.flags & kUnsupported) return kStatusInvalidKeyFlags;
       if ((s.flags & kKeyExtendedType) && !KnownType(s.type)) return kStatusInvalidKeyFlags;
-      if (s.position == 0 || s.position + s.length - 1 > spec.recordLength) {
+      if (s.position == 0 || s.position + s.length - 1 > stats.recordLength) {
         return kStatusInvalidKeyPosition;
       }
       if (!LengthFitsType(SegmentType(s), s.length)) return kStatusInvalidKeyLength;
@@ -192,31 +192,31 @@ int16_t BuildKeyModels(const FileSpec& spec, std::vector<KeyModel>& keys) {
 }
 
 void EncodeRecordKey(const KeyModel& key, const char* record, std::string& out) {
-  for (const SegmentSpec& s : key.segments) AppendSegment(out, s, Bytes(record + s.position - 1));
+  for (const SegmentStat& s : key.segments) AppendSegment(out, s, Bytes(record + s.position - 1));
 }
 
 void EncodeKeyValue(const KeyModel& key, const char* value, std::string& out) {
-  for (const SegmentSpec& s : key.segments) {
+  for (const SegmentStat& s : key.segments) {
     AppendSegment(out, s, Bytes(value));
     value += s.length;
   }
 }
 
 void ExtractKeyValue(const KeyModel& key, const char* record, char* value) {
-  for (const SegmentSpec& s : key.segments) {
+  for (const SegmentStat& s : key.segments) {
     std::memcpy(value, record + s.position - 1, s.length);
     value += s.length;
   }
 }
 
-int64_t ReadAutoIncrement(const SegmentSpec& s, const char* record) {
+int64_t ReadAutoIncrement(const SegmentStat& s, const char* record) {
   const size_t n = s.length;
   uint64_t v = ReadLittleEndian(Bytes(record + s.position - 1), n);
   if (n < 8 && (v & (uint64_t{1} << (8 * n - 1)))) v |= ~uint64_t{0} << (8 * n);  // sign-extend
   return static_cast<int64_t>(v);
 }
 
-void WriteAutoIncrement(const SegmentSpec& s, int64_t value, char* record) {
+void WriteAutoIncrement(const SegmentStat& s, int64_t value, char* record) {
   auto v = static_cast<uint64_t>(value);
   for (size_t i = 0; i < s.length; ++i)
     record[s.position - 1 + i] = static_cast<char>(v >> (8 * i));

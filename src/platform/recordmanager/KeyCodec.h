@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 
 namespace tolmen {
 
@@ -27,19 +27,19 @@ struct KeyModel {
   bool modifiable = false;
   uint16_t length = 0;     // the key value's length: the sum of its segments' lengths
   int autoIncrement = -1;  // index of an AUTOINCREMENT segment (a key of its own), or -1
-  std::vector<SegmentSpec> segments;
+  std::vector<SegmentStat> segments;
 };
 
 // The type a segment collates as: its extended type, or unsigned binary / string for the
 // old-style binary flag.
-KeyType SegmentType(const SegmentSpec& segment);
+KeyType SegmentType(const SegmentStat& segment);
 
 // Checks a definition and builds its keys. Returns 0 or the status Create gives for it: 24
 // page size, 26 key count, 27 key position, 28 record length, 29 key length (also a length the
 // type does not have), 45 a flag or type the engine does not collate (alternate collating
 // sequences, null keys, types other than those above), 55 an AUTOINCREMENT segment that is not a
 // unique key of its own.
-int16_t BuildKeyModels(const FileSpec& spec, std::vector<KeyModel>& keys);
+int16_t BuildKeyModels(const FileStat& stats, std::vector<KeyModel>& keys);
 
 // Appends the encoded key taken from a record (each segment at its position).
 // REQUIRES: the record holds the key's segments (checked when the file was opened).
@@ -52,8 +52,8 @@ void EncodeKeyValue(const KeyModel& key, const char* value, std::string& out);
 void ExtractKeyValue(const KeyModel& key, const char* record, char* value);
 
 // AUTOINCREMENT fields: the signed little-endian value of a segment in a record, and storing one.
-int64_t ReadAutoIncrement(const SegmentSpec& segment, const char* record);
-void WriteAutoIncrement(const SegmentSpec& segment, int64_t value, char* record);
+int64_t ReadAutoIncrement(const SegmentStat& segment, const char* record);
+void WriteAutoIncrement(const SegmentStat& segment, int64_t value, char* record);
 
 // Windows-1252 capitals, as case-insensitive keys and file names compare.
 unsigned char FoldCase(unsigned char c);

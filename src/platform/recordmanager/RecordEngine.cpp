@@ -6,7 +6,7 @@
 
 #include "platform/recordmanager/BtrCodes.h"
 #include "platform/recordmanager/EngineImpl.h"
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/PathNoCase.h"
 
 namespace tolmen {
@@ -184,10 +184,10 @@ int16_t RecordEngine::Impl::Close(const PositionBlock& pb) {
 int16_t RecordEngine::Impl::Create(Call& c) {
   const std::string path = PathFromKeyBuffer(c.keyBuf);
   if (path.empty()) return kStatusInvalidFileName;
-  FileSpec spec;
+  FileStat stats;
   const size_t length = c.dataLen < 0 ? 0 : static_cast<size_t>(c.dataLen);
   if (length > c.dataBuf.size() ||
-      !DecodeFileSpec(std::string_view(c.dataBuf).substr(0, length), spec)) {
+      !DecodeFileStat(std::string_view(c.dataBuf).substr(0, length), stats)) {
     return kStatusInvalidPageSize;  // the buffer does not hold the definition it announces
   }
   bool exists = false;
@@ -200,20 +200,20 @@ int16_t RecordEngine::Impl::Create(Call& c) {
       return kStatusFileLocked;  // open in this engine
     }
   }
-  return RecordFile::Create(target, spec, options);
+  return RecordFile::Create(target, stats, options);
 }
 
 int16_t RecordEngine::Impl::Stat(Handle& h, Call& c) {
   RecordFile& f = *h.shared->file;
-  FileSpec spec = f.Spec();
+  FileStat stats = f.Stat();
   std::vector<uint32_t> unique;
-  if (int16_t st = f.Statistics(spec.recordCount, unique)) return st;
+  if (int16_t st = f.Statistics(stats.recordCount, unique)) return st;
   size_t at = 0;
   for (size_t k = 0; k < f.Keys().size(); ++k) {
-    spec.segments[at].uniqueValues = unique[k];
+    stats.segments[at].uniqueValues = unique[k];
     at += f.Keys()[k].segments.size();
   }
-  const std::string bytes = EncodeFileSpec(spec);
+  const std::string bytes = EncodeFileStat(stats);
   const size_t room = c.dataLen < 0 ? 0 : static_cast<size_t>(c.dataLen);
   if (bytes.size() > room) {
     c.dataBuf.assign(bytes, 0, room);

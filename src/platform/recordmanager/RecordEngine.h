@@ -34,7 +34,7 @@
 //   other Open of the file in this engine: 85). The data buffer may carry an owner name, which is
 //   accepted: the engine's files have no owners. 12 for a missing file, 30 for a file that is
 //   not a record file of this engine, 2 for a damaged one.
-// - Create: the key buffer holds the path, the data buffer the definition (FileSpec.h); key
+// - Create: the key buffer holds the path, the data buffer the definition (FileStat.h); key
 //   number -1 refuses to replace an existing file (59), 0 replaces it. The file is not opened.
 // - Stat fills the definition with the number of records at offset 6 and, for each key's
 //   first segment, the number of distinct values. Get Position gives the current record's

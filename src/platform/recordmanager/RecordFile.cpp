@@ -61,7 +61,7 @@ bool SyncPath(const std::string& path, int flags) {
 }
 
 // The schema and first rows of a new file, built once at Create.
-std::string SchemaSql(const FileSpec& spec, const std::vector<KeyModel>& keys,
+std::string SchemaSql(const FileStat& stats, const std::vector<KeyModel>& keys,
                       EngineOptions::Journal journal) {
   std::string sql = "PRAGMA page_size=4096; PRAGMA application_id=";
   sql += kApplicationId;
@@ -89,13 +89,13 @@ std::string SchemaSql(const FileSpec& spec, const std::vector<KeyModel>& keys,
     sql += ");\n";
   }
   sql += "INSERT INTO tolmen_file VALUES(1, '" + std::string(kFormat) + "', " +
-         std::to_string(kFormatVersion) + ", " + std::to_string(spec.recordLength) + ", " +
-         std::to_string(spec.pageSize) + ", " + std::to_string(spec.fileFlags) + ", " +
-         std::to_string(spec.keyCount) + ", 1);\n";
+         std::to_string(kFormatVersion) + ", " + std::to_string(stats.recordLength) + ", " +
+         std::to_string(stats.pageSize) + ", " + std::to_string(stats.fileFlags) + ", " +
+         std::to_string(stats.keyCount) + ", 1);\n";
   size_t at = 0;
   for (size_t k = 0; k < keys.size(); ++k) {
     for (size_t s = 0; s < keys[k].segments.size(); ++s, ++at) {
-      const SegmentSpec& g = spec.segments[at];
+      const SegmentStat& g = stats.segments[at];
       sql += "INSERT INTO tolmen_segment VALUES(" + std::to_string(k) + ", " + std::to_string(s) +
              ", " + std::to_string(g.position) + ", " + std::to_string(g.length) + ", " +
              std::to_string(g.flags) + ", " + std::to_string(g.type) + ", " +
@@ -165,10 +165,10 @@ RecordFile::~RecordFile() {
   sqlite3_close_v2(db_);
 }
 
-int16_t RecordFile::Create(const std::string& path, const FileSpec& spec,
+int16_t RecordFile::Create(const std::string& path, const FileStat& stats,
                            const EngineOptions& options) {
   std::vector<KeyModel> keys;
-  if (int16_t st = BuildKeyModels(spec, keys)) return st;
+  if (int16_t st = BuildKeyModels(stats, keys)) return st;
   const size_t slash = path.rfind('/');
   const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
   const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
@@ -180,8 +180,8 @@ int16_t RecordFile::Create(const std::string& path, const FileSpec& spec,
   sqlite3* db = nullptr;
   int rc = sqlite3_open_v2(temp.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   if (rc == SQLITE_OK)
-    rc =
-        sqlite3_exec(db, SchemaSql(spec, keys, options.journal).c_str(), nullptr, nullptr, nullptr);
+    rc = sqlite3_exec(db, SchemaSql(stats, keys, options.journal).c_str(), nullptr, nullptr,
+                      nullptr);
   const int closed = sqlite3_close(db);
   if (rc != SQLITE_OK || closed != SQLITE_OK || !moded || !SyncPath(temp, O_RDONLY) ||
       ::rename(temp.c_str(), path.c_str()) != 0) {
@@ -213,7 +213,7 @@ int16_t RecordFile::Open(const std::string& path, const EngineOptions& options,
   std::unique_ptr<RecordFile> f(new RecordFile(db, options));
   if (rc != SQLITE_OK) return StatusFromSqlite(rc);
   if (int16_t s = f->Configure(writable)) return s;
-  if (int16_t s = f->LoadSpec()) return s;
+  if (int16_t s = f->LoadStat()) return s;
   // A file cut short: SQLite would only notice when it reads a missing page.
   sqlite3_stmt* q = f->Prepare(
       "SELECT page_count * page_size, journal_mode FROM "
@@ -241,7 +241,7 @@ int16_t RecordFile::Configure(bool writable) {
   return StatusFromSqlite(rc);
 }
 
-int16_t RecordFile::LoadSpec() {
+int16_t RecordFile::LoadStat() {
   // A database without the engine's tables is no record file of this engine.
   auto fail = [](int rc) -> int16_t {
     return (rc & 0xFF) == SQLITE_ERROR ? int16_t{kStatusNotARecordFile} : StatusFromSqlite(rc);
@@ -264,10 +264,10 @@ int16_t RecordFile::LoadSpec() {
   sqlite3_finalize(q);
   if (rc != SQLITE_ROW && rc != SQLITE_DONE) return fail(rc);
   if (!ok) return kStatusNotARecordFile;
-  spec_.recordLength = static_cast<uint16_t>(head[0]);
-  spec_.pageSize = static_cast<uint16_t>(head[1]);
-  spec_.fileFlags = static_cast<uint16_t>(head[2]);
-  spec_.keyCount = static_cast<uint16_t>(head[3]);
+  stat_.recordLength = static_cast<uint16_t>(head[0]);
+  stat_.pageSize = static_cast<uint16_t>(head[1]);
+  stat_.fileFlags = static_cast<uint16_t>(head[2]);
+  stat_.keyCount = static_cast<uint16_t>(head[3]);
 
   rc = sqlite3_prepare_v2(db_,
                           "SELECT position, length, flags, type, null_value, manual_key, acs "
@@ -280,7 +280,7 @@ int16_t RecordFile::LoadSpec() {
       v[i] = sqlite3_column_int64(q, i);
       if (v[i] < 0 || v[i] > (i < 3 ? 0xFFFF : 0xFF)) ok = false;
     }
-    SegmentSpec s;
+    SegmentStat s;
     s.position = static_cast<uint16_t>(v[0]);
     s.length = static_cast<uint16_t>(v[1]);
     s.flags = static_cast<uint16_t>(v[2]);
@@ -288,14 +288,14 @@ int16_t RecordFile::LoadSpec() {
     s.nullValue = static_cast<uint8_t>(v[4]);
     s.manualKeyNumber = static_cast<uint8_t>(v[5]);
     s.acsNumber = static_cast<uint8_t>(v[6]);
-    spec_.segments.push_back(s);
+    stat_.segments.push_back(s);
   }
   sqlite3_finalize(q);
   if (rc != SQLITE_DONE) return fail(rc);
-  if (!ok || BuildKeyModels(spec_, keys_) != kStatusOk) return kStatusNotARecordFile;
+  if (!ok || BuildKeyModels(stat_, keys_) != kStatusOk) return kStatusNotARecordFile;
   size_t used = 0;
   for (const KeyModel& k : keys_) used += k.segments.size();
-  if (used != spec_.segments.size()) return kStatusNotARecordFile;
+  if (used != stat_.segments.size()) return kStatusNotARecordFile;
 
   keyStmts_.assign(keys_.size() * kKeyStatements, nullptr);
   fileStmts_.assign(kFileStatements, nullptr);
@@ -406,8 +406,8 @@ std::string RecordFile::FileSql(FileStatement which) const {
 }
 
 int16_t RecordFile::CheckRecord(size_t length) const {
-  if (length < spec_.recordLength) return kStatusDataBufferTooShort;
-  if (!Variable() && length != spec_.recordLength) return kStatusDataBufferTooShort;
+  if (length < stat_.recordLength) return kStatusDataBufferTooShort;
+  if (!Variable() && length != stat_.recordLength) return kStatusDataBufferTooShort;
   if (length > kMaxRecordBytes) return kStatusDataBufferTooShort;
   return kStatusOk;
 }
@@ -473,7 +473,7 @@ void RecordFile::EncodeKeys(const char* record) {
 int16_t RecordFile::AssignAutoIncrements(char* record) {
   for (size_t k = 0; k < keys_.size(); ++k) {
     if (keys_[k].autoIncrement < 0) continue;
-    const SegmentSpec& seg = keys_[k].segments[static_cast<size_t>(keys_[k].autoIncrement)];
+    const SegmentStat& seg = keys_[k].segments[static_cast<size_t>(keys_[k].autoIncrement)];
     if (ReadAutoIncrement(seg, record) != 0) continue;
     // The largest value ends the key's order (starts it, when the key descends).
     const Scan scan = (seg.flags & kKeyDescending) ? Scan::First : Scan::Last;
@@ -534,7 +534,7 @@ int16_t RecordFile::Update(int64_t rid, char* record, size_t length, int key, Ro
     int col = 0;
     for (size_t k = 0; k < keys_.size(); ++k) {
       if (!keys_[k].modifiable) {
-        for (const SegmentSpec& s : keys_[k].segments) {
+        for (const SegmentStat& s : keys_[k].segments) {
           if (std::memcmp(was + s.position - 1, record + s.position - 1, s.length) != 0) {
             return kStatusKeyNotModifiable;
           }

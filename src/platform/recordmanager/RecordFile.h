@@ -25,7 +25,7 @@
 #include <vector>
 
 #include "platform/recordmanager/EngineOptions.h"
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/KeyCodec.h"
 
 namespace tolmen {
@@ -60,7 +60,7 @@ class RecordFile {
 
   // Creates the file whole or not at all (it is built beside its place and renamed into it).
   // Returns 0 or a status: the key checks of BuildKeyModels, 25 when it cannot be written.
-  static int16_t Create(const std::string& path, const FileSpec& spec,
+  static int16_t Create(const std::string& path, const FileStat& stats,
                         const EngineOptions& options);
   // Opens an existing file. Returns 0, 12 (missing), 30 (not a record file of this engine), 2 (a
   // damaged file, for example one cut short) or 46 (not readable).
@@ -71,9 +71,9 @@ class RecordFile {
   RecordFile& operator=(const RecordFile&) = delete;
   ~RecordFile();
 
-  const FileSpec& Spec() const { return spec_; }
+  const FileStat& Stat() const { return stat_; }
   const std::vector<KeyModel>& Keys() const { return keys_; }
-  bool Variable() const { return (spec_.fileFlags & kFileVariable) != 0; }
+  bool Variable() const { return (stat_.fileFlags & kFileVariable) != 0; }
   // Changes with every write and every rollback: rows read before are stale when it has changed.
   uint64_t Generation() const { return generation_; }
 
@@ -133,7 +133,7 @@ class RecordFile {
 
   RecordFile(sqlite3* db, const EngineOptions& options);
   int16_t Configure(bool writable);
-  int16_t LoadSpec();
+  int16_t LoadStat();
   sqlite3_stmt* KeyStmt(int key, KeyStatement which);
   sqlite3_stmt* FileStmt(FileStatement which);
   sqlite3_stmt* Prepare(const std::string& sql);
@@ -148,7 +148,7 @@ class RecordFile {
 
   sqlite3* db_;
   EngineOptions options_;
-  FileSpec spec_;
+  FileStat stat_;
   std::vector<KeyModel> keys_;
   std::vector<sqlite3_stmt*> keyStmts_;
   std::vector<sqlite3_stmt*> fileStmts_;

@@ -1,4 +1,4 @@
-#include "platform/recordmanager/FileSpec.h"
+#include "platform/recordmanager/FileStat.h"
 
 namespace tolmen {
 namespace {
@@ -21,17 +21,17 @@ uint32_t GetU32(std::string_view b, size_t at) {
 
 }  // namespace
 
-std::string EncodeFileSpec(const FileSpec& spec) {
+std::string EncodeFileStat(const FileStat& stats) {
   std::string out;
-  out.reserve(kFileSpecBytes + kSegmentSpecBytes * spec.segments.size());
-  PutU16(out, spec.recordLength);
-  PutU16(out, spec.pageSize);
-  PutU16(out, spec.keyCount);
-  PutU32(out, spec.recordCount);
-  PutU16(out, spec.fileFlags);
+  out.reserve(kFileStatBytes + kSegmentStatBytes * stats.segments.size());
+  PutU16(out, stats.recordLength);
+  PutU16(out, stats.pageSize);
+  PutU16(out, stats.keyCount);
+  PutU32(out, stats.recordCount);
+  PutU16(out, stats.fileFlags);
   PutU16(out, 0);
-  PutU16(out, spec.preallocation);
-  for (const SegmentSpec& s : spec.segments) {
+  PutU16(out, stats.preallocation);
+  for (const SegmentStat& s : stats.segments) {
     PutU16(out, s.position);
     PutU16(out, s.length);
     PutU16(out, s.flags);
@@ -45,21 +45,21 @@ std::string EncodeFileSpec(const FileSpec& spec) {
   return out;
 }
 
-bool DecodeFileSpec(std::string_view bytes, FileSpec& spec) {
-  if (bytes.size() < kFileSpecBytes) return false;
-  spec = FileSpec{};
-  spec.recordLength = GetU16(bytes, 0);
-  spec.pageSize = GetU16(bytes, 2);
-  spec.keyCount = GetU16(bytes, 4);
-  spec.recordCount = GetU32(bytes, 6);
-  spec.fileFlags = GetU16(bytes, 10);
-  spec.preallocation = GetU16(bytes, 14);
-  size_t at = kFileSpecBytes;
-  for (unsigned key = 0; key < spec.keyCount; ++key) {
+bool DecodeFileStat(std::string_view bytes, FileStat& stats) {
+  if (bytes.size() < kFileStatBytes) return false;
+  stats = FileStat{};
+  stats.recordLength = GetU16(bytes, 0);
+  stats.pageSize = GetU16(bytes, 2);
+  stats.keyCount = GetU16(bytes, 4);
+  stats.recordCount = GetU32(bytes, 6);
+  stats.fileFlags = GetU16(bytes, 10);
+  stats.preallocation = GetU16(bytes, 14);
+  size_t at = kFileStatBytes;
+  for (unsigned key = 0; key < stats.keyCount; ++key) {
     bool more = true;
     while (more) {
-      if (bytes.size() < at + kSegmentSpecBytes) return false;
-      SegmentSpec s;
+      if (bytes.size() < at + kSegmentStatBytes) return false;
+      SegmentStat s;
       s.position = GetU16(bytes, at);
       s.length = GetU16(bytes, at + 2);
       s.flags = GetU16(bytes, at + 4);
@@ -68,24 +68,24 @@ bool DecodeFileSpec(std::string_view bytes, FileSpec& spec) {
       s.nullValue = static_cast<uint8_t>(bytes[at + 11]);
       s.manualKeyNumber = static_cast<uint8_t>(bytes[at + 14]);
       s.acsNumber = static_cast<uint8_t>(bytes[at + 15]);
-      spec.segments.push_back(s);
+      stats.segments.push_back(s);
       more = (s.flags & kKeySegmented) != 0;
-      at += kSegmentSpecBytes;
+      at += kSegmentStatBytes;
     }
   }
   return true;
 }
 
-FileSpec ToFileSpec(const FileDef& def) {
-  FileSpec spec;
-  spec.recordLength = def.recordLength;
-  spec.pageSize = def.pageSize;
-  spec.keyCount = static_cast<uint16_t>(def.keys.size());
-  spec.fileFlags = def.variable ? kFileVariable : 0;
+FileStat ToFileStat(const FileDef& def) {
+  FileStat stats;
+  stats.recordLength = def.recordLength;
+  stats.pageSize = def.pageSize;
+  stats.keyCount = static_cast<uint16_t>(def.keys.size());
+  stats.fileFlags = def.variable ? kFileVariable : 0;
   for (const KeyDef& key : def.keys) {
     for (size_t i = 0; i < key.segments.size(); ++i) {
       const SegmentDef& d = key.segments[i];
-      SegmentSpec s;
+      SegmentStat s;
       s.position = d.position;
       s.length = d.length;
       s.type = static_cast<uint8_t>(d.type);
@@ -95,14 +95,14 @@ FileSpec ToFileSpec(const FileDef& def) {
       if (d.descending) s.flags |= kKeyDescending;
       if (d.caseInsensitive) s.flags |= kKeyNoCase;
       if (i + 1 < key.segments.size()) s.flags |= kKeySegmented;
-      spec.segments.push_back(s);
+      stats.segments.push_back(s);
     }
   }
-  return spec;
+  return stats;
 }
 
 std::string BuildCreateBuffer(const FileDef& def) {
-  return EncodeFileSpec(ToFileSpec(def));
+  return EncodeFileStat(ToFileStat(def));
 }
 
 }  // namespace tolmen

@@ -54,7 +54,7 @@ enum class KeyType : uint8_t {
 //                                   12  2  reserved
 //                                   14  1  manual key number
 //                                   15  1  alternate collating sequence number
-struct SegmentSpec {
+struct SegmentStat {
   uint16_t position = 0;
   uint16_t length = 0;
   uint16_t flags = 0;
@@ -70,24 +70,24 @@ struct SegmentSpec {
 //    2  2  page size                 12  2  reserved
 //    4  2  number of keys            14  2  preallocated pages; Stat: unused pages
 //    6  4  reserved; Stat: number of records
-struct FileSpec {
+struct FileStat {
   uint16_t recordLength = 0;
   uint16_t pageSize = 0;
   uint16_t keyCount = 0;
   uint32_t recordCount = 0;
   uint16_t fileFlags = 0;
   uint16_t preallocation = 0;
-  std::vector<SegmentSpec> segments;
+  std::vector<SegmentStat> segments;
 };
 
-constexpr size_t kFileSpecBytes = 16;
-constexpr size_t kSegmentSpecBytes = 16;
+constexpr size_t kFileStatBytes = 16;
+constexpr size_t kSegmentStatBytes = 16;
 
 // The bytes of a definition: 16 + 16 per segment.
-std::string EncodeFileSpec(const FileSpec& spec);
+std::string EncodeFileStat(const FileStat& stats);
 // Reads a definition from a Create buffer. The segments are counted by following the
 // segmented flag through `keyCount` keys. False when the buffer ends before the last segment.
-bool DecodeFileSpec(std::string_view bytes, FileSpec& spec);
+bool DecodeFileStat(std::string_view bytes, FileStat& stats);
 
 // A file as the tools describe it.
 struct SegmentDef {
@@ -112,7 +112,7 @@ struct FileDef {
 // The definition of a described file: every segment carries its key's duplicate and
 // modifiable flags, the extended-type flag and its type; all but a key's last segment carry the
 // segmented flag.
-FileSpec ToFileSpec(const FileDef& def);
+FileStat ToFileStat(const FileDef& def);
 // The Create data buffer for a described file (its length is the data length to pass).
 std::string BuildCreateBuffer(const FileDef& def);
 
