@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "billing/BillingDay.h"
 #include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "runtime/DateTime.h"
@@ -95,10 +96,12 @@ std::string ConfirmationText(Tolmen& app) {
     lines.push_back("Debtors will NOT be written to file for importing into Pastel.");
   }
   // Before the invoice line: the mismatch summary is off for this run, "Pattern Matching" is
-  // cleared and the billing date is today unless one was chosen.
+  // cleared, the billing date is today unless one was chosen, and billing decides whether that
+  // date is a billing day.
   run.MismatchSummaryOn = false;
   app.options.PatternMatching = false;
   if (run.BillingDate < 1) run.BillingDate = std::floor(app.clock.Now());
+  IsBillingDay(app);
   if (run.RecurringBillingOn)
     lines.push_back("New Invoices will be written to file " + run.InvoiceFileName);
   if (app.screen.frmMain.mnuOptnMax2Pas.Checked())

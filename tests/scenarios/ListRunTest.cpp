@@ -63,7 +63,7 @@ TEST_F(ListRunTest, CurrentClientOnlyTakesTheSelectedClientOnce) {
   EXPECT_EQ(status, 0);
 }
 
-TEST_F(ListRunTest, AnEmptyListWritesAnEmptyCustomerFileAndNoInvoiceFile) {
+TEST_F(ListRunTest, AnEmptyListWritesEmptyImportFiles) {
   ASSERT_NO_FATAL_FAILURE(MakeWorld(Book()));
   WriteTemplate({{"List Clients", "0"}});  // the list Maximizer shows, which is empty
   ASSERT_NO_FATAL_FAILURE(Maximizer({"list"}));
@@ -85,6 +85,32 @@ TEST_F(ListRunTest, AnEmptyListWritesAnEmptyCustomerFileAndNoInvoiceFile) {
   // Nothing was written and nothing went wrong: no result dialog.
   EXPECT_EQ(Transcript().find("Import Complete"), std::string::npos) << Transcript();
   EXPECT_EQ(status, 0);
+
+  // With billing on for the day the invoice file of the run's number comes into being as well,
+  // and stays empty.
+  WriteTemplate({{"List Clients", "0"}, {"Billing Period", "2"}, {"Bill When", "0"}});
+  Run(ImportScript({"Yes", "No"}));
+  for (const char* name : {"MaxCus02.csv", "MaxInv02.csv"}) {
+    EXPECT_TRUE(fs::exists(PastelFolder() + name)) << name;
+    EXPECT_EQ(ReadBytes(PastelFolder() + name), "") << name;
+  }
+  const std::vector<std::string> second = PastelFileLines("Tolmen.LOG");
+  ASSERT_GE(second.size(), 6u);
+  EXPECT_EQ(
+      std::vector<std::string>(second.end() - 6, second.end()),
+      (std::vector<std::string>{
+          "Recurring Billing ON.",
+          "Multi-Year Method: Error (should already have Asked User).",
+          "0 tries to get Maximizer Record Count (0).",
+          "2 tries to get to top Maximizer Record <>",
+          "Tolmen Import Completed at 23 Nov 2026 09:00",
+          "0 New Invoices were Created and written to file " + PastelFolder() + "MaxInv02.csv",
+      }));
+  // Invoicing was planned, so the result is shown although nothing was written.
+  EXPECT_NE(
+      Transcript().find("0 New Invoices were written to file " + PastelFolder() + "MaxInv02.csv"),
+      std::string::npos)
+      << Transcript();
 }
 
 TEST_F(ListRunTest, EachRunTakesTheNextFileNumberUpTo100) {

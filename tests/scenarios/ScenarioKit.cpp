@@ -1,6 +1,8 @@
 // Setting up and reading back the scenario runs.
 #include "ScenarioKit.h"
 
+#include <algorithm>
+
 #include <stdlib.h>
 
 #include <filesystem>
@@ -61,7 +63,7 @@ const std::vector<std::pair<std::string, std::string>> kTemplate = {
     {"VAT Number", "VAT Number: VAT Number"},
     {"", "*Tab: To Maximizer"},
     {"", "*Tab: Recurring Billing"},
-    {"", "Billing Period: 0"},
+    {"Billing Period", "Billing Period: 0"},
     {"", "*Tab: Pastel Settings"},
     {"", "Print Document:  0 "},
     {"", "Print Statement:  0 "},
@@ -155,9 +157,18 @@ std::string ScenarioTest::WriteTemplate(const std::map<std::string, std::string>
   std::map<std::string, std::string> left = changes;
   std::string text;
   for (const auto& [key, line] : kTemplate) {
-    if (line == "*Tab: To Maximizer")
-      for (const auto& [added, value] : left) text += added + ": " + value + "\r\n";
-    if (line == "*Tab: To Maximizer") left.clear();
+    // Keys the template does not have go at the end of the "To Pastel" section.
+    for (auto added = left.begin(); line == "*Tab: To Maximizer" && added != left.end();) {
+      const bool known = std::any_of(kTemplate.begin(), kTemplate.end(), [&](const auto& entry) {
+        return entry.first == added->first;
+      });
+      if (known) {
+        ++added;
+        continue;
+      }
+      text += added->first + ": " + added->second + "\r\n";
+      added = left.erase(added);
+    }
     const auto change = left.find(key);
     if (!key.empty() && change != left.end()) {
       text += key + ": " + change->second + "\r\n";

@@ -10,6 +10,9 @@ RecurringBillingPage::RecurringBillingPage() {
   optBillOn.Add(1, "Last Day of Month");
   optBillOn.Add(2, "Last Weekday of Month");
   optBillOn.Add(3, "On or After Specific Date:");
+  // A new wizard does no billing; when billing is chosen it bills on the day of the run.
+  optBillPeriod.Set(0);
+  optBillOn.Set(0);
   txtVatFrac.SetLocked(true);
   chkInvoice.SetToolTipText(
       "Tick for immediate Posting; untick for Invoice batch (which you must post, but can edit "
