@@ -1,34 +1,16 @@
 #include "maximizer/MaxRecord.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "recordio/BtGlobal.h"
 #include "recordio/FieldCodecs.h"
+#include "recordio/RecordFileCalls.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
 namespace {
 
-constexpr std::int32_t kOpen = 0;
-constexpr std::int32_t kGetFirst = 12;
-constexpr std::int32_t kStat = 15;
 constexpr std::size_t kStagingBytes = 4096;
-constexpr std::size_t kStatBufferBytes = 512;
-constexpr std::size_t kRecordCountOffset = 6;
-
-// Each count byte in hexadecimal without its leading zero, highest first, read as one number
-// ("&H0015&" for bytes 05 01 00 00, which is 21).
-std::int32_t HexCountValue(const std::string& stats) {
-  std::string digits;
-  for (std::size_t i = kRecordCountOffset + 4; i-- > kRecordCountOffset;) {
-    char hex[4];
-    std::snprintf(hex, sizeof hex, "%X",
-                  static_cast<unsigned>(static_cast<unsigned char>(stats[i])));
-    digits += hex;
-  }
-  return static_cast<std::int32_t>(std::stoul(digits, nullptr, 16));
-}
 
 }  // namespace
 
@@ -58,28 +40,11 @@ void MaxRecord::MoveBuffer(std::int16_t direction) {
 void MaxRecord::FOpen(const std::string& fileName, std::optional<std::int16_t> openMode,
                       const std::optional<std::string>& owner,
                       const std::optional<std::string>& accepted) {
-  KeyNum = openMode.value_or(0);
-  if (!owner) {
-    IO(kOpen, fileName, accepted);
-  } else {
-    DataBuf = *owner;
-    DBLen = static_cast<std::int32_t>(owner->size());
-    BufferHeld = true;
-    IO(kOpen, fileName, accepted);
-    DBLen = RecordLength;
-    if (STATUS_ == 0 || STATUS_ == 9) IO(kGetFirst);
-  }
-  if (STATUS_ == 0) FileName = fileName;
+  OpenRecordFile(app_, *this, fileName, openMode, owner, accepted);
 }
 
 std::int32_t MaxRecord::RecordCount() {
-  if (!IsOpen) return 0;
-  std::string stats(kStatBufferBytes, ' ');
-  auto length = static_cast<std::int32_t>(kStatBufferBytes);
-  std::string key(255, ' ');
-  STATUS_ = app_.engine.BTRCALL(kStat, PosBlk, stats, length, key, 255, KeyNum);
-  stats.resize(std::max(stats.size(), kRecordCountOffset + 4), ' ');
-  return HexCountValue(stats);
+  return StatRecordCount(app_, *this);
 }
 
 std::string MaxRecord::Bytes(std::size_t offset, std::size_t width) const {

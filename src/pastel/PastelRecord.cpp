@@ -1,15 +1,14 @@
 #include "pastel/PastelRecord.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "recordio/BtGlobal.h"
+#include "recordio/RecordFileCalls.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
 namespace {
 
-constexpr std::int32_t kOpen = 0;
 constexpr std::int32_t kClose = 1;
 constexpr std::int32_t kGetEqual = 5;
 constexpr std::int32_t kGetNext = 6;
@@ -20,24 +19,6 @@ constexpr std::int32_t kGetLess = 10;
 constexpr std::int32_t kGetLessOrEqual = 11;
 constexpr std::int32_t kGetFirst = 12;
 constexpr std::int32_t kGetLast = 13;
-constexpr std::int32_t kStat = 15;
-
-constexpr size_t kStatBufferBytes = 512;
-constexpr size_t kRecordCountOffset = 6;
-
-// The count as its hexadecimal text reads: each byte, highest first, in hexadecimal without a
-// leading zero, behind "&H" and with the Long suffix "&" ("&H0015&" for bytes 05 01 00 00).
-std::int32_t HexCountValue(const std::string& stats) {
-  std::string digits;
-  for (size_t i = kRecordCountOffset + 4; i-- > kRecordCountOffset;) {
-    char hex[4];
-    std::snprintf(hex, sizeof hex, "%X",
-                  static_cast<unsigned>(static_cast<unsigned char>(stats[i])));
-    digits += hex;
-  }
-  // At most eight digits: the value fits the 32 bits of a Long.
-  return static_cast<std::int32_t>(std::stoul(digits, nullptr, 16));
-}
 
 }  // namespace
 
@@ -71,18 +52,7 @@ void PastelRecord::MoveBuffer(std::int16_t direction) {
 
 void PastelRecord::FOpen(const std::string& fileName, std::optional<std::int16_t> openMode,
                          const OptText& owner, const OptText& accepted) {
-  KeyNum = openMode.value_or(0);
-  if (!owner) {
-    IO(kOpen, fileName, accepted);
-  } else {
-    DataBuf = *owner;
-    DBLen = static_cast<std::int32_t>(owner->size());
-    BufferHeld = true;
-    IO(kOpen, fileName, accepted);
-    DBLen = RecordLength;
-    if (STATUS_ == 0 || STATUS_ == 9) IO(kGetFirst);
-  }
-  if (STATUS_ == 0) FileName = fileName;
+  OpenRecordFile(app_, *this, fileName, openMode, owner, accepted);
 }
 
 void PastelRecord::OPEN_() {
@@ -122,13 +92,7 @@ void PastelRecord::GET_PREVIOUS() {
 }
 
 std::int32_t PastelRecord::RecordCount() {
-  if (!IsOpen) return 0;
-  std::string stats(kStatBufferBytes, ' ');
-  auto length = static_cast<std::int32_t>(kStatBufferBytes);
-  std::string key(255, ' ');
-  STATUS_ = app_.engine.BTRCALL(kStat, PosBlk, stats, length, key, 255, KeyNum);
-  stats.resize(std::max(stats.size(), kRecordCountOffset + 4), ' ');
-  return HexCountValue(stats);
+  return StatRecordCount(app_, *this);
 }
 
 Variant PastelRecord::default_(std::int32_t field) {
