@@ -1,24 +1,10 @@
 #include "templates/TemplateControls.h"
 
-#include <algorithm>
-
-#include "runtime/Conversion.h"
 #include "shell/Tolmen.h"
 #include "templates/PastelSetup.h"
+#include "transfer/Categories.h"
 
 namespace tolmen {
-namespace {
-
-// The number after the highest category in the list ("<7> Export" gives 8); 1 when the list
-// holds no category above 0.
-int NextCategoryNumber(const ComboBox& categories) {
-  double highest = 0;
-  for (const ListItem& item : categories.Items())
-    if (!item.text.empty()) highest = std::max(highest, Val(item.text.substr(1)));
-  return static_cast<int>(highest) + 1;
-}
-
-}  // namespace
 
 void optCategory_Click(Tolmen& app, int index) {
   MainForm& form = app.screen.frmMain;
@@ -29,7 +15,8 @@ void optCategory_Click(Tolmen& app, int index) {
   form.cboCatgrUDF.SetEnabled(index == 2);
   if (newCategory) {
     form.txtCategory(0).SetText("New Category Description");
-    form.txtCategory(1).SetText(std::to_string(NextCategoryNumber(form.cboCategories)));
+    // The next free number, as the category list was last loaded from the file.
+    form.txtCategory(1).SetText(std::to_string(NextCategoryNumber(app)));
   }
 }
 

@@ -4,6 +4,7 @@
 #include "runtime/Conversion.h"
 #include "runtime/Strings.h"
 #include "shell/Tolmen.h"
+#include "transfer/AccountCodes.h"
 #include "transfer/Max2Pastel.h"
 
 namespace tolmen {
@@ -42,13 +43,9 @@ bool ToPastelChecks(Tolmen& app) {
 
   // The account number sizes are repaired without a word. A prefix that is no number sets the
   // suffix box, as it always has.
-  TextBox& prefix = form.txtPrefix;
-  TextBox& suffix = form.txtSuffix;
-  if (!IsNumeric(Variant(prefix.Text()))) suffix.SetText("4");
-  if (!IsNumeric(Variant(suffix.Text()))) suffix.SetText("2");
-  if (Val(prefix.Text() + suffix.Text()) < 2) suffix.SetText(NumberText(6 - Val(prefix.Text())));
-  options.PrefixSize = CLng(Variant(prefix.Text()));
-  options.SuffixSize = CLng(Variant(suffix.Text()));
+  CheckCodeSizes(app);
+  options.PrefixSize = CLng(Variant(form.txtPrefix.Text()));
+  options.SuffixSize = CLng(Variant(form.txtSuffix.Text()));
   options.PostalAddress = form.cboPostal.Text();
   options.DeliveryAddress = form.cboDelivery.Text();
   return true;

@@ -1,32 +1,24 @@
 // butil as a user runs it: description files, save files with awkward bytes, and the errors.
 #include <fcntl.h>
 #include <gtest/gtest.h>
-
-#include "common/TempDir.h"
 #include <spawn.h>
 #include <sys/wait.h>
 
 #include <filesystem>
 #include <fstream>
-#include <random>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "common/TempDir.h"
+#include "common/TestText.h"
 
 extern char** environ;
 
 namespace tolmen::test {
 namespace {
 
-
 void Write(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-}
-std::string Read(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
 }
 
 struct Result {
@@ -53,8 +45,8 @@ Result Butil(const TempDir& dir, const std::vector<std::string>& args) {
     r.exit = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
   posix_spawn_file_actions_destroy(&actions);
-  r.out = Read(out);
-  r.err = Read(err);
+  r.out = ReadFile(out);
+  r.err = ReadFile(err);
   return r;
 }
 
@@ -101,7 +93,7 @@ TEST_P(ButilRoundTrip, LoadThenSaveGivesTheSameBytes) {
   EXPECT_EQ(load.out, std::to_string(c.records.size()) + " records loaded into " +
                           dir.File("file.dat") + ".\n");
   ASSERT_EQ(Butil(dir, {"-save", dir.File("file.dat"), dir.File("out.sav")}).exit, 0);
-  EXPECT_EQ(Read(dir.File("out.sav")), input);
+  EXPECT_EQ(ReadFile(dir.File("out.sav")), input);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, ButilRoundTrip, ::testing::ValuesIn(kRoundTrips),
@@ -119,15 +111,15 @@ TEST(ButilTest, CreateFromADescriptionThenStat) {
         "position=15 length=2 duplicates=n modifiable=n type=unsigned segment=n\n");
   const Result create = Butil(dir, {"-create", dir.File("people.dat"), dir.File("people.des")});
   ASSERT_EQ(create.exit, 0) << create.err;
-  std::string people;
+  std::vector<std::string> people;
   int id = 0;
   for (const char* name : {"SMITH   ", "smith   ", "JONES   "}) {
     std::string r = std::string(1, static_cast<char>(++id)) + std::string(3, '\0') + name;
     r += std::string(1, static_cast<char>('a' + id)) + std::string(3, '\0');
     r.resize(32, '.');
-    people += std::to_string(r.size()) + " " + r + "\r\n";
+    people.push_back(r);
   }
-  Write(dir.File("people.sav"), people + "\x1A");
+  Write(dir.File("people.sav"), Saved(people, ' '));  // a blank may stand for the comma
   ASSERT_EQ(Butil(dir, {"-load", dir.File("people.sav"), dir.File("people.dat")}).exit, 0);
   const Result stat = Butil(dir, {"-stat", dir.File("people.dat")});
   ASSERT_EQ(stat.exit, 0) << stat.err;
@@ -196,7 +188,7 @@ TEST(ButilTest, ErrorsNameTheStatusAndExitNonZero) {
   }
   // The failed loads ran in a transaction: nothing of them is left.
   ASSERT_EQ(Butil(dir, {"-save", dir.File("f.dat"), dir.File("after.sav")}).exit, 0);
-  EXPECT_EQ(Read(dir.File("after.sav")), "\x1A");
+  EXPECT_EQ(ReadFile(dir.File("after.sav")), "\x1A");
   EXPECT_FALSE(std::filesystem::exists(dir.File("g.dat")));
 }
 

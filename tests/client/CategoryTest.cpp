@@ -41,12 +41,7 @@ class CategoryTest : public ClientTest {
     return "<" + std::to_string(app_->run.CurrentCategoryNumber) + "> " +
            app_->run.CurrentCategoryText;
   }
-  size_t Count(const std::string& text) {
-    size_t count = 0;
-    const std::string log = Log();
-    for (size_t at = 0; (at = log.find(text, at)) != std::string::npos; ++at) ++count;
-    return count;
-  }
+  int Count(const std::string& text) { return Occurrences(Log(), text); }
 };
 
 TEST_F(CategoryTest, FoundByTextOrCreatedUpTo99) {
@@ -71,8 +66,8 @@ TEST_F(CategoryTest, FoundByTextOrCreatedUpTo99) {
   EXPECT_EQ(CategoryOf("W1"), "<99> Wholesale");
   EXPECT_EQ(CategoryOf("E1"), "<0> ");  // "> " alone is found in the first entry
   EXPECT_EQ(app_->run.ErrorCount, 0);
-  EXPECT_EQ(Count("Created new Customer Category"), 1u);
-  EXPECT_EQ(Count("Created new Customer Category <99> TOO MANY CATEGORIES!\r\n"), 1u);
+  EXPECT_EQ(Count("Created new Customer Category"), 1);
+  EXPECT_EQ(Count("Created new Customer Category <99> TOO MANY CATEGORIES!\r\n"), 1);
 
   // The file holds the 99th category; the list shows it, and no number is left.
   List().SetListIndex(3);
@@ -117,7 +112,7 @@ TEST_F(CategoryTest, NewCategoriesBelongToTheRunsTransaction) {
   LoadCategories(*app_);
   EXPECT_EQ(Entries().back(), "<4> Farming");
   EXPECT_EQ(NextCategoryNumber(*app_), 5);
-  EXPECT_EQ(Count("Created new Customer Category <4> Farming\r\n"), 2u);
+  EXPECT_EQ(Count("Created new Customer Category <4> Farming\r\n"), 2);
   EXPECT_EQ(app_->run.ErrorCount, 0);
 }
 

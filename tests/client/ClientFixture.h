@@ -9,13 +9,13 @@
 
 #include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
 #include "common/MaxsimProcess.h"
+#include "common/TestText.h"
 #include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "pastel/PastelTestSet.h"
@@ -96,24 +96,6 @@ class ClientTest : public tolmen::testing::PastelSetTest {
     app_->run.ClientName = ClientDisplayName(*app_);
   }
 
-  // The value of a UDF of a client as maxsim has stored it.
-  json StoredUdf(const std::string& id, const std::string& udf) const {
-    const RunResult dump = RunMaxsim({"dump", maxsim_->Database()});
-    EXPECT_EQ(dump.status, 0);
-    const json book = json::parse(dump.out);
-    for (const json& client : book["clients"])
-      if (client.value("Identification", "") == id && client.contains("udfs") &&
-          client["udfs"].contains(udf))
-        return client["udfs"][udf];
-    return nullptr;
-  }
-
-  static std::string ReadFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-  }
   std::string Log() const { return ReadFile(app_->log.Path()); }
 
   std::unique_ptr<MaxsimProcess> maxsim_;

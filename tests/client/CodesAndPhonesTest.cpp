@@ -1,14 +1,9 @@
 // The routines of a client's conversion that need no address book: the account code increment
-// and its string helpers, the phone classes, and the size boxes' check.
+// and its string helpers, and the phone classes.
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <sstream>
+#include <array>
 
-#include "common/TempDir.h"
-#include "platform/ui/ScriptUi.h"
-#include "runtime/DateTime.h"
-#include "shell/Tolmen.h"
 #include "transfer/AccountCodes.h"
 #include "transfer/Addresses.h"
 
@@ -103,32 +98,6 @@ TEST(ClassifyPhoneEntries, DescriptionsDecideTheClass) {
     EXPECT_EQ(classes.fax, c.fax) << c.what;
     EXPECT_EQ(classes.cell, c.cell) << c.what;
     EXPECT_EQ(classes.email, c.email) << c.what;
-  }
-}
-
-TEST(CheckCodeSizes, RepairsTheSuffixBox) {
-  test::TempDir home;
-  VirtualClock clock(DateSerial(2024, 6, 15));
-  std::ostringstream transcript;
-  ScriptUi ui({}, &transcript, clock, "Tolmen");
-  Tolmen app(MakeAppInfo(home.Path().string() + "/", "1.0.0"), ui, clock,
-             home.File("settings.ini"));
-  struct Case {
-    const char* prefix;
-    const char* suffix;
-    const char* repaired;
-  } cases[] = {
-      {"4", "2", "2"}, {"x", "3", "6"},  // a bad prefix sets the suffix box to "4"; "x4" reads 0
-      {"4", "y", "2"}, {"", "", "4"},    // both: "4", and "" joined with "4" reads 4
-      {"0", "1", "6"}, {"0", "0", "6"}, {"1", "0", "0"},  // "10" passes
-      {"1", "1", "1"}, {"5", "", "2"},  {"3", "9", "9"},  // no rule on the sum
-  };
-  for (const Case& c : cases) {
-    app.screen.frmMain.txtPrefix.SetText(c.prefix);
-    app.screen.frmMain.txtSuffix.SetText(c.suffix);
-    CheckCodeSizes(app);
-    EXPECT_EQ(app.screen.frmMain.txtSuffix.Text(), c.repaired) << c.prefix << "|" << c.suffix;
-    EXPECT_EQ(app.screen.frmMain.txtPrefix.Text(), c.prefix);
   }
 }
 

@@ -1,38 +1,18 @@
 // Starting maxsim and the application for the Maximizer tests.
 #include "common/MaximizerTestKit.h"
 
-#include "common/MaxsimProcess.h"
-
-#include <fcntl.h>
-#include <poll.h>
 #include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 
+#include "common/MaxsimProcess.h"
+#include "common/TestText.h"
 #include "maximizer/MaximizerControls.h"
 #include "shell/AppInfo.h"
 
-extern char** environ;
-
 namespace tolmen::test {
-namespace {
-
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.push_back(line);
-  }
-  return lines;
-}
-
-}  // namespace
 
 nlohmann::json DemoBook() {
   std::ifstream in(std::string(TOLMEN_SOURCE_DIR) + "/tools/maxsim/samples/demo.json");
@@ -80,19 +60,6 @@ void Maxsim::Stop() {
   stdout_ = -1;
 }
 
-ProgramRun Maxsim::Ctl(const std::vector<std::string>& args) const {
-  std::vector<std::string> all = {"ctl", "--socket", socket_};
-  all.insert(all.end(), args.begin(), args.end());
-  return RunMaxsim(all);
-}
-
-std::vector<std::string> Maxsim::TakeJournal() const {
-  const ProgramRun journal = Ctl({"journal"});
-  EXPECT_EQ(journal.status, 0);
-  EXPECT_EQ(Ctl({"journal", "clear"}).status, 0);
-  return Lines(journal.out);
-}
-
 MaximizerTest::MaximizerTest()
     : socket_(dir_.File("maximizer.sock")), maxsim_(dir_.Path().string(), socket_) {
   // Tolmen looks for Maximizer at the socket the test's maxsim uses.
@@ -123,17 +90,12 @@ std::string MaximizerTest::ServeBook(const nlohmann::json& description) {
 }
 
 int MaximizerTest::Count(const std::string& text) const {
-  const std::string all = Transcript();
-  int count = 0;
-  for (size_t at = all.find(text); at != std::string::npos; at = all.find(text, at + 1)) ++count;
-  return count;
+  return Occurrences(Transcript(), text);
 }
 
 std::vector<std::string> MaximizerTest::LogLines() {
   app_->log.Close();  // at debugging level 0 the log stays open
-  std::ifstream in(app_->log.Path(), std::ios::binary);
-  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  return Lines(text);
+  return TextLines(ReadFile(app_->log.Path()));
 }
 
 void ExpectInOrder(const std::vector<std::string>& lines, const std::vector<std::string>& wanted) {

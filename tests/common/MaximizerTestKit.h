@@ -95,11 +95,10 @@ class Maxsim {
   bool Serve(const std::string& folder);
   // SIGKILL, and the process reaped.
   void Kill();
-  bool Running() const { return pid_ > 0; }
 
-  ProgramRun Ctl(const std::vector<std::string>& args) const;
+  ProgramRun Ctl(const std::vector<std::string>& args) const { return CtlMaxsim(socket_, args); }
   // The journal's lines, and the journal cleared.
-  std::vector<std::string> TakeJournal() const;
+  std::vector<std::string> TakeJournal() const { return TakeMaxsimJournal(socket_); }
 
  private:
   void Stop();

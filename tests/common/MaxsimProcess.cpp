@@ -8,7 +8,8 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <thread>
+
+#include "common/TestText.h"
 
 extern char** environ;
 
@@ -58,6 +59,19 @@ int Reap(pid_t pid) {
   int status = 0;
   if (::waitpid(pid, &status, 0) != pid) return -1;
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+RunResult CtlMaxsim(const std::string& socket, const std::vector<std::string>& args) {
+  std::vector<std::string> all = {"ctl", "--socket", socket};
+  all.insert(all.end(), args.begin(), args.end());
+  return RunMaxsim(all);
+}
+
+std::vector<std::string> TakeMaxsimJournal(const std::string& socket) {
+  const RunResult journal = CtlMaxsim(socket, {"journal"});
+  EXPECT_EQ(journal.status, 0);
+  EXPECT_EQ(CtlMaxsim(socket, {"journal", "clear"}).status, 0);
+  return TextLines(journal.out);
 }
 
 std::string SampleDescription() {
@@ -112,10 +126,15 @@ int MaxsimProcess::Wait() {
   return status;
 }
 
-RunResult MaxsimProcess::Ctl(const std::vector<std::string>& args) const {
-  std::vector<std::string> all = {"ctl", "--socket", socket_};
-  all.insert(all.end(), args.begin(), args.end());
-  return RunMaxsim(all);
+nlohmann::json MaxsimProcess::StoredUdf(const std::string& id, const std::string& udf) const {
+  const RunResult dump = RunMaxsim({"dump", database_});
+  EXPECT_EQ(dump.status, 0);
+  const nlohmann::json book = nlohmann::json::parse(dump.out);
+  for (const nlohmann::json& client : book["clients"])
+    if (client.value("Identification", "") == id && client.contains("udfs") &&
+        client["udfs"].contains(udf))
+      return client["udfs"][udf];
+  return nullptr;
 }
 
 }  // namespace tolmen::test

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include <nlohmann/json.hpp>
+
 #include "common/TempDir.h"
 
 namespace tolmen::test {
@@ -30,6 +32,11 @@ int Reap(pid_t pid);
 // Runs build/bin/maxsim with the arguments and waits for it.
 RunResult RunMaxsim(const std::vector<std::string>& args);
 
+// Runs `maxsim ctl` against the instance at `socket`.
+RunResult CtlMaxsim(const std::string& socket, const std::vector<std::string>& args);
+// The journal's lines of the instance at `socket`, and the journal cleared.
+std::vector<std::string> TakeMaxsimJournal(const std::string& socket);
+
 std::string SampleDescription();  // tools/maxsim/samples/demo.json
 
 class MaxsimProcess {
@@ -46,7 +53,10 @@ class MaxsimProcess {
   // Waits for the process to end; its exit status, or -1.
   int Wait();
 
-  RunResult Ctl(const std::vector<std::string>& args) const;
+  RunResult Ctl(const std::vector<std::string>& args) const { return CtlMaxsim(socket_, args); }
+  std::vector<std::string> TakeJournal() const { return TakeMaxsimJournal(socket_); }
+  // The value of a client's UDF as `maxsim dump` shows it; null when the client has none.
+  nlohmann::json StoredUdf(const std::string& id, const std::string& udf) const;
   const std::string& Socket() const { return socket_; }
   const std::string& Database() const { return database_; }
   const TempDir& Folder() const { return dir_; }

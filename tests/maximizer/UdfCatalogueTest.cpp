@@ -11,20 +11,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Entry {
-  std::string text;
-  long index;
-  bool operator==(const Entry&) const = default;
-};
+// A list's entries: each one's text and item data (the catalogue index).
+using Entry = std::pair<std::string, long>;
 
 std::vector<Entry> Entries(const ListControl& list) {
   std::vector<Entry> entries;
-  for (const ListItem& item : list.Items()) entries.push_back({item.text, item.itemData});
+  for (const ListItem& item : list.Items()) entries.emplace_back(item.text, item.itemData);
   return entries;
-}
-
-std::ostream& operator<<(std::ostream& out, const Entry& entry) {
-  return out << "{" << entry.text << ", " << entry.index << "}";
 }
 
 class UdfCatalogueTest : public MaximizerTest {

@@ -7,33 +7,19 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <thread>
 
-#include "common/MaxsimProcess.h"
-#include "platform/automation/MaximizerAutomation.h"
-#include "platform/ui/Clock.h"
-#include "runtime/DateTime.h"
-#include "runtime/RuntimeError.h"
+#include "Attached.h"
+#include "common/ErrorOf.h"
+#include "common/TestText.h"
 
 namespace tolmen::test {
 namespace {
 
 constexpr int kUnavailable = 462;
 constexpr int kCallFailed = -2147023170;
-
-// The number of the RuntimeError the call throws, or 0 when it throws none.
-template <typename Call>
-int ErrorOf(Call call) {
-  try {
-    call();
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 double Seconds(std::chrono::steady_clock::time_point since) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - since).count();
@@ -49,17 +35,12 @@ void MakeStaleSocket(const std::string& path) {
   ::close(fd);
 }
 
-class AttachTest : public ::testing::Test {
- protected:
-  void TearDown() override { ::unsetenv("MAXIMIZER_TIMEOUT"); }
-  VirtualClock clock_{DateFromParts(2026, 11, 23, 9, 0, 0)};
-};
-
-TEST_F(AttachTest, NobodyAnsweringGivesNaAndALaterAttachReachesTheInstance) {
+TEST(AttachTest, NobodyAnsweringGivesNaAndALaterAttachReachesTheInstance) {
+  VirtualClock clock{DateFromParts(2026, 11, 23, 9, 0, 0)};
   MaxsimProcess maxsim;
   MakeStaleSocket(maxsim.Socket());
 
-  auto early = MaxAttachObject::Attach(maxsim.Socket(), clock_);
+  auto early = MaxAttachObject::Attach(maxsim.Socket(), clock);
   auto earlyApp = early->GetApplicationObject();
   auto earlyRecord = early->GetCurrentRecordObject();
   ASSERT_NE(earlyRecord, nullptr);
@@ -75,7 +56,7 @@ TEST_F(AttachTest, NobodyAnsweringGivesNaAndALaterAttachReachesTheInstance) {
 
   // Objects made while nobody answered stay so; only a new attach reaches the instance.
   EXPECT_EQ(earlyApp->GetCurrentDBPath(), "n/a");
-  auto app = MaxAttachObject::Attach(maxsim.Socket(), clock_)->GetApplicationObject();
+  auto app = MaxAttachObject::Attach(maxsim.Socket(), clock)->GetApplicationObject();
   EXPECT_EQ(app->GetCurrentDBPath(), std::filesystem::absolute(maxsim.Database()).string());
 
   // A second instance on the same socket refuses to start; the first one is unharmed.
@@ -87,79 +68,71 @@ TEST_F(AttachTest, NobodyAnsweringGivesNaAndALaterAttachReachesTheInstance) {
   EXPECT_FALSE(std::filesystem::exists(maxsim.Socket()));
 }
 
-TEST_F(AttachTest, ClosedDatabaseAnswersNaUntilOpenedAgain) {
-  MaxsimProcess maxsim;
-  ASSERT_TRUE(maxsim.Start());
-  auto attach = MaxAttachObject::Attach(maxsim.Socket(), clock_);
-  auto app = attach->GetApplicationObject();
-  auto record = attach->GetCurrentRecordObject();
-  const std::string path = app->GetCurrentDBPath();
+using LinkTest = AttachedTest;
 
-  ASSERT_EQ(maxsim.Ctl({"close"}).status, 0);
-  EXPECT_EQ(app->GetCurrentDBPath(), "n/a");
-  EXPECT_EQ(record->GetListCount(), 0);
-  EXPECT_EQ(record->GetFieldValue("Identification"), "");
+TEST_F(LinkTest, ClosedDatabaseAnswersNaAndRefusedCallsRaise440WhileTheLinkGoesOn) {
+  const std::string path = app_->GetCurrentDBPath();
+  ASSERT_EQ(maxsim_.Ctl({"close"}).status, 0);
+  EXPECT_EQ(app_->GetCurrentDBPath(), "n/a");
+  EXPECT_EQ(record_->GetListCount(), 0);
+  EXPECT_EQ(record_->GetFieldValue("Identification"), "");
 
-  ASSERT_EQ(maxsim.Ctl({"open", maxsim.Database()}).status, 0);
-  EXPECT_EQ(app->GetCurrentDBPath(), path);
-  EXPECT_EQ(record->GetListCount(), 12);
+  ASSERT_EQ(maxsim_.Ctl({"open", maxsim_.Database()}).status, 0);
+  EXPECT_EQ(app_->GetCurrentDBPath(), path);
+  EXPECT_EQ(record_->GetListCount(), 12);
   // An open of a folder without an address book fails and keeps the database open.
-  EXPECT_EQ(maxsim.Ctl({"open", maxsim.Folder().File("nothing")}).status, 1);
-  EXPECT_EQ(app->GetCurrentDBPath(), path);
+  EXPECT_EQ(maxsim_.Ctl({"open", maxsim_.Folder().File("nothing")}).status, 1);
+  EXPECT_EQ(app_->GetCurrentDBPath(), path);
+
+  EXPECT_EQ(ErrorOf([&] { record_->ScrollList("Sideways"); }), 440);
+  EXPECT_EQ(ErrorOf([&] { attach_->GetApplicationObject()->SetAlarm("Maybe"); }), 440);
+  EXPECT_EQ(record_->GetListCount(), 12);
 }
 
-TEST_F(AttachTest, InstanceKilledBetweenCallsRaisesAndNothingHangs) {
-  MaxsimProcess maxsim;
-  ASSERT_TRUE(maxsim.Start());
-  auto attach = MaxAttachObject::Attach(maxsim.Socket(), clock_);
-  auto app = attach->GetApplicationObject();
-  auto record = attach->GetCurrentRecordObject();
-  ASSERT_EQ(record->GetListCount(), 12);
-
-  maxsim.Kill();
+TEST_F(LinkTest, InstanceKilledBetweenCallsRaisesAndNothingHangs) {
+  ASSERT_EQ(record_->GetListCount(), 12);
+  maxsim_.Kill();
   const auto start = std::chrono::steady_clock::now();
-  EXPECT_EQ(ErrorOf([&] { record->GetFieldValue("Identification"); }), kUnavailable);
+  EXPECT_EQ(ErrorOf([&] { record_->GetFieldValue("Identification"); }), kUnavailable);
   // The link stays broken for every object of the attachment, the path included.
-  EXPECT_EQ(ErrorOf([&] { app->GetCurrentDBPath(); }), kUnavailable);
-  EXPECT_EQ(ErrorOf([&] { app->SetAlarm("On"); }), kUnavailable);
+  EXPECT_EQ(ErrorOf([&] { app_->GetCurrentDBPath(); }), kUnavailable);
+  EXPECT_EQ(ErrorOf([&] { app_->SetAlarm("On"); }), kUnavailable);
   EXPECT_LT(Seconds(start), 1.0);
 
   try {
-    record->ScrollList("Top");
+    record_->ScrollList("Top");
     FAIL() << "no error";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.Description(), "The remote server machine does not exist or is unavailable");
   }
   // A new attach finds nobody: a Maximizer with no database.
   EXPECT_EQ(
-      MaxAttachObject::Attach(maxsim.Socket(), clock_)->GetApplicationObject()->GetCurrentDBPath(),
+      MaxAttachObject::Attach(maxsim_.Socket(), clock_)->GetApplicationObject()->GetCurrentDBPath(),
       "n/a");
 }
 
-TEST_F(AttachTest, InstanceDyingOrSilentDuringACallRaisesWithinTheTimeout) {
-  ::setenv("MAXIMIZER_TIMEOUT", "1", 1);
-  MaxsimProcess maxsim;
-  ASSERT_TRUE(maxsim.Start());
-  auto record = MaxAttachObject::Attach(maxsim.Socket(), clock_)->GetCurrentRecordObject();
+TEST_F(LinkTest, InstanceDyingOrSilentDuringACallRaisesWithinTheTimeout) {
+  ScopedEnv timeout("MAXIMIZER_TIMEOUT", "1");
+  auto record = MaxAttachObject::Attach(maxsim_.Socket(), clock_)->GetCurrentRecordObject();
   ASSERT_EQ(record->GetListCount(), 12);
 
   // Stopped: the request goes out, no answer comes; the call gives up after the timeout.
-  maxsim.Signal(SIGSTOP);
+  maxsim_.Signal(SIGSTOP);
   auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(ErrorOf([&] { record->GetListCount(); }), kCallFailed);
   EXPECT_GE(Seconds(start), 0.9);
   EXPECT_LT(Seconds(start), 3.0);
-  maxsim.Signal(SIGCONT);
+  maxsim_.Signal(SIGCONT);
   // The late answer is not taken for the next call's: the link is given up.
   EXPECT_EQ(ErrorOf([&] { record->GetListCount(); }), kUnavailable);
 
   // Killed while the call waits: the call fails at once, not at the timeout.
-  auto second = MaxAttachObject::Attach(maxsim.Socket(), clock_)->GetCurrentRecordObject();
+  auto second = MaxAttachObject::Attach(maxsim_.Socket(), clock_)->GetCurrentRecordObject();
   ASSERT_EQ(second->GetFieldValue("Identification"), "240115/0001");
-  maxsim.Signal(SIGSTOP);
+  maxsim_.Signal(SIGSTOP);
   std::thread killer([&] {
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    maxsim.Signal(SIGKILL);
+    maxsim_.Signal(SIGKILL);
   });
   start = std::chrono::steady_clock::now();
   try {
@@ -171,17 +144,7 @@ TEST_F(AttachTest, InstanceDyingOrSilentDuringACallRaisesWithinTheTimeout) {
   }
   EXPECT_LT(Seconds(start), 0.9);
   killer.join();
-  maxsim.Wait();
-}
-
-TEST_F(AttachTest, RefusedCallRaises440AndTheLinkGoesOn) {
-  MaxsimProcess maxsim;
-  ASSERT_TRUE(maxsim.Start());
-  auto attach = MaxAttachObject::Attach(maxsim.Socket(), clock_);
-  auto record = attach->GetCurrentRecordObject();
-  EXPECT_EQ(ErrorOf([&] { record->ScrollList("Sideways"); }), 440);
-  EXPECT_EQ(ErrorOf([&] { attach->GetApplicationObject()->SetAlarm("Maybe"); }), 440);
-  EXPECT_EQ(record->GetListCount(), 12);
+  maxsim_.Wait();
 }
 
 }  // namespace

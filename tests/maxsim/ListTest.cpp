@@ -1,10 +1,8 @@
 // The current list and the window's states, as a run of the system sees them.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "Attached.h"
+#include "common/TestText.h"
 
 namespace tolmen::test {
 namespace {
@@ -105,11 +103,9 @@ TEST_F(ListTest, BusyDialogVisibilityAndAlarm) {
   EXPECT_EQ(app_->GetDatabaseList(), "error");
   EXPECT_EQ(app_->GetDatabaseList(), "error");
   Ctl({"dialog", "off"});
-  const std::string listFile = app_->GetDatabaseList();
-  std::ifstream in(listFile, std::ios::binary);
-  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
   // The part behind the first comma is the path the application object reports.
-  EXPECT_EQ(text, "Demo Address Book," + app_->GetCurrentDBPath() + "\r\n");
+  EXPECT_EQ(ReadFile(app_->GetDatabaseList()),
+            "Demo Address Book," + app_->GetCurrentDBPath() + "\r\n");
 
   EXPECT_EQ(app_->GetVisibilityState(), "normal");
   app_->SetVisibilityState("Hide");

@@ -1,19 +1,12 @@
 // UDFs by type, the UDF list, table items and addresses through the automation objects.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "Attached.h"
+#include "common/TestText.h"
 #include "runtime/RuntimeError.h"
 
 namespace tolmen::test {
 namespace {
-
-std::string FileText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
 
 using UdfTest = AttachedTest;
 
@@ -48,7 +41,7 @@ TEST_F(UdfTest, ValuesThatDoNotSuitTheTypeAreRefusedSilently) {
   }
 }
 
-TEST_F(UdfTest, UdfListWithACommaInsideAName) {
+TEST_F(UdfTest, UdfListWithACommaInsideANameAndATablesItems) {
   EXPECT_EQ(app_->GetListOfUdf(),
             "Account Number,Alphanumeric\r\n"
             "Customer Category,Table\r\n"
@@ -60,17 +53,15 @@ TEST_F(UdfTest, UdfListWithACommaInsideAName) {
             "VAT Number,Alphanumeric\r\n"
             "Pastel Balance,Numeric\r\n"
             "Invoice Message,Alphanumeric\r\n");
-}
 
-TEST_F(UdfTest, ListOfCategoriesWritesATablesItems) {
   const std::string file = maxsim_.Folder().File("items.txt");
   app_->ListOfCategories(file, "\"Customer Category\"", "Items");
-  EXPECT_EQ(FileText(file), "Retail\r\nWholesale\r\nFarming\r\nServices\r\n");
+  EXPECT_EQ(ReadFile(file), "Retail\r\nWholesale\r\nFarming\r\nServices\r\n");
   app_->ListOfCategories(file, "\"import to pastel\"", "Items");
-  EXPECT_EQ(FileText(file), "Yes\r\nNo\r\n");
+  EXPECT_EQ(ReadFile(file), "Yes\r\nNo\r\n");
   // A key that names no Table UDF gives an empty file.
   app_->ListOfCategories(file, "\"Credit Limit\"", "Items");
-  EXPECT_EQ(FileText(file), "");
+  EXPECT_EQ(ReadFile(file), "");
   EXPECT_THROW(app_->ListOfCategories(file, "\"Customer Category\"", "Colours"), RuntimeError);
   EXPECT_THROW(app_->ListOfCategories(maxsim_.Folder().File("no/such/folder/x.txt"),
                                       "\"Customer Category\"", "Items"),

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "PastelTestSet.h"
+#include "common/TestText.h"
 #include "pastel/OpenPastel.h"
 #include "pastel/pasDcodeFile.h"
 #include "pastel/pasDebtor.h"
@@ -34,11 +35,7 @@ class OpenPastelTest : public PastelSetTest {
     return OpenPastel(*app_);
   }
   bool Has(const std::string& text) const { return Transcript().find(text) != std::string::npos; }
-  int Dialogs() const {
-    int count = 0;
-    for (size_t at = 0; (at = Transcript().find("== ", at)) != std::string::npos; ++at) ++count;
-    return count;
-  }
+  int Dialogs() const { return test::Occurrences(Transcript(), "== "); }
 };
 
 TEST_F(OpenPastelTest, Version9OpensEverythingAndWorksOutTheState) {

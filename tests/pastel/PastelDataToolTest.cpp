@@ -66,22 +66,9 @@ TEST_F(PastelDataToolTest, DumpOfASetRebuildsTheSameBytes) {
   // The records themselves, read past the program.
   Start({});
   for (const std::string& name : names) {
-    std::vector<std::string> records[2];
-    for (int i = 0; i < 2; ++i) {
-      std::string pos(128, ' '), data, key = (root_ / (i == 0 ? "one" : "two") / name).string();
-      int32_t length = 0;
-      ASSERT_EQ(app_->engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
-      for (uint16_t op = kOpGetFirst;; op = kOpGetNext) {
-        data.assign(8192, '\0');
-        length = 8192;
-        key.assign(255, ' ');
-        if (app_->engine.BTRCALL(op, pos, data, length, key, 255, 0) != 0) break;
-        records[i].push_back(data.substr(0, static_cast<size_t>(length)));
-      }
-      app_->engine.BTRCALL(kOpClose, pos, data, length, key, 255, 0);
-    }
-    EXPECT_FALSE(records[0].empty()) << name;
-    EXPECT_EQ(records[0], records[1]) << name;
+    const std::vector<std::string> one = Records((root_ / "one" / name).string());
+    EXPECT_FALSE(one.empty()) << name;
+    EXPECT_EQ(one, Records((root_ / "two" / name).string())) << name;
   }
 }
 

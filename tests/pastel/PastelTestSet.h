@@ -3,7 +3,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -14,6 +13,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "common/TempDir.h"
 #include "pastel/PastelDataSet.h"
 #include "platform/recordmanager/BtrCodes.h"
 #include "platform/ui/ScriptUi.h"
@@ -32,17 +32,8 @@ inline nlohmann::json DemoSet() {
 class PastelSetTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root_ = fs::temp_directory_path() /
-            ("tolmen-pastel-" + std::to_string(::getpid()) + "-" +
-             ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(root_);
     fs::create_directories(root_ / "home");
     set_ = DemoSet();
-  }
-  void TearDown() override {
-    app_.reset();
-    ui_.reset();
-    fs::remove_all(root_);
   }
 
   // The folder of the set, with a trailing '/'.
@@ -64,23 +55,32 @@ class PastelSetTest : public ::testing::Test {
     CreatePastelSet(*app_, Folder(), set_);
   }
 
-  // The first record of a file, read past the record classes.
-  std::string FirstRecord(const std::string& name) {
-    std::string pos(128, ' '), data, key = Folder() + name;
+  // The records of a file in the order of its first key, read past the record classes.
+  std::vector<std::string> Records(const std::string& path) {
+    std::string pos(128, ' '), data, key = path;
     int32_t length = 0;
-    EXPECT_EQ(app_->engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
-    data.assign(8192, '\0');
-    length = 8192;
-    key.assign(255, ' ');
-    EXPECT_EQ(app_->engine.BTRCALL(kOpGetFirst, pos, data, length, key, 255, 0), 0);
-    std::string record = data.substr(0, static_cast<size_t>(length));
+    EXPECT_EQ(app_->engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0) << path;
+    std::vector<std::string> records;
+    for (uint16_t op = kOpGetFirst;; op = kOpGetNext) {
+      data.assign(8192, '\0');
+      length = 8192;
+      key.assign(255, ' ');
+      if (app_->engine.BTRCALL(op, pos, data, length, key, 255, 0) != 0) break;
+      records.push_back(data.substr(0, static_cast<size_t>(length)));
+    }
     app_->engine.BTRCALL(kOpClose, pos, data, length, key, 255, 0);
-    return record;
+    return records;
+  }
+  std::string FirstRecord(const std::string& name) {
+    const std::vector<std::string> records = Records(Folder() + name);
+    EXPECT_FALSE(records.empty()) << name;
+    return records.empty() ? "" : records[0];
   }
 
   std::string Transcript() const { return transcript_.str(); }
 
-  fs::path root_;
+  test::TempDir dir_{"tolmen-pastel-"};  // first in, last out: everything below lives in it
+  fs::path root_ = dir_.Path();
   nlohmann::json set_;
   std::unique_ptr<VirtualClock> clock_;
   std::ostringstream transcript_;

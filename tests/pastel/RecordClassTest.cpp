@@ -2,9 +2,12 @@
 // their offsets with their widths, the conversions of default_, the odd fields, the protocol.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <map>
 
 #include "PastelTestSet.h"
+#include "common/ErrorOf.h"
 #include "pastel/pasDCParm.h"
 #include "pastel/pasDcodeFile.h"
 #include "pastel/pasDebtor.h"
@@ -76,15 +79,27 @@ TEST_F(RecordClassTest, FieldsLandAtTheirOffsetsWithTheirWidths) {
       {"ACCHISTL.DAT", "26", "2024-05-02", 180, B({2, 5, 0xE8, 7, ' ', ' ', ' ', ' '})},
       {"ACCHISTL.DAT", "26", "", 180, B({0, 0, 0, 0, ' ', ' ', ' ', ' '})},
   };
-  for (const Case& c : cases) {
+  // The fields of a round share the one record of their file, so that a set is made per round
+  // rather than per field; a field given again waits for the next round.
+  std::map<std::pair<std::string, std::string>, int> given;
+  std::vector<int> roundOf;
+  for (const Case& c : cases) roundOf.push_back(given[{c.file, c.field}]++);
+  for (int round = 0; round <= *std::max_element(roundOf.begin(), roundOf.end()); ++round) {
     set_ = DemoSet();
-    json record = json::object();
-    record[c.field] = c.value;
-    if (c.file == "AccMasD.dat") record["2"] = c.field == "2" ? c.value : json("ZZZ9");
-    Files()[c.file] = json::array({record});
+    std::map<std::string, json> records;
+    for (size_t i = 0; i < std::size(cases); ++i)
+      if (roundOf[i] == round) records[cases[i].file][cases[i].field] = cases[i].value;
+    for (auto& [file, record] : records) {
+      if (file == "AccMasD.dat" && !record.contains("2")) record["2"] = "ZZZ9";
+      Files()[file] = json::array({record});
+    }
     MakeSet();
-    const std::string image = FirstRecord(c.file);
-    EXPECT_EQ(image.substr(c.offset, c.bytes.size()), c.bytes) << c.file << " field " << c.field;
+    for (size_t i = 0; i < std::size(cases); ++i) {
+      const Case& c = cases[i];
+      if (roundOf[i] != round) continue;
+      EXPECT_EQ(FirstRecord(c.file).substr(c.offset, c.bytes.size()), c.bytes)
+          << c.file << " field " << c.field;
+    }
   }
 }
 
@@ -127,14 +142,8 @@ TEST_F(RecordClassTest, DefaultConvertsAsTheRuntimeDid) {
   }
   EXPECT_EQ(debtor.default_(3).Text(), Padded("Bob", 40));  // padding comes back
 
-  for (const Variant& tooBig : {Variant(70000), Variant("32768")}) {
-    try {
-      debtor.default_(1, tooBig);
-      ADD_FAILURE() << "no overflow";
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.Number(), 6);
-    }
-  }
+  for (const Variant& tooBig : {Variant(70000), Variant("32768")})
+    EXPECT_EQ(ErrorOf([&] { debtor.default_(1, tooBig); }), 6) << CStr(tooBig);
   debtor.default_(127, "");
   EXPECT_EQ(debtor.default_(127).VarType(), vbDate);
   EXPECT_EQ(debtor.default_(127).Value(), 0);
@@ -190,14 +199,7 @@ TEST_F(RecordClassTest, TaxTableIsReadOnlyAndBounded) {
   EXPECT_EQ(CInt(tax.default_(8)), 1400);
   tax.default_(8, 99);
   EXPECT_EQ(tax.TaxPercentage(3), 1400);
-  for (int code : {0, 100}) {
-    try {
-      tax.TaxPercentage(code);
-      ADD_FAILURE() << code;
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.Number(), 9);
-    }
-  }
+  for (int code : {0, 100}) EXPECT_EQ(ErrorOf([&] { tax.TaxPercentage(code); }), 9) << code;
 }
 
 TEST_F(RecordClassTest, RecordCountReadsThroughItsHexText) {

@@ -2,11 +2,10 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include <cstdlib>
-#include <optional>
 #include <sstream>
 
 #include "FakeWindow.h"
+#include "common/TestText.h"
 #include "platform/ui/ConsoleUi.h"
 #include "platform/ui/Timer.h"
 
@@ -18,12 +17,17 @@ using testing::FakeWindow;
 constexpr double kStart = 45366.5;
 constexpr double kSecond = 1.0 / 86400.0;
 
-TEST(ConsoleUi, AnswersByLetterOrNameWithDefaultsForEmptyLinesAndEndOfInput) {
-  VirtualClock clock(kStart);
-  std::istringstream in("n\n\nmaybe\nRETRY\n\n/abs/x.ktf\nTemplates/run\n");
+// A console front-end on a virtual clock, reading `in` and writing `out`.
+class ConsoleUiTest : public ::testing::Test {
+ protected:
+  VirtualClock clock{kStart};
+  std::istringstream in;
   std::ostringstream out;
-  ConsoleUi ui(in, out, clock, "Tolmen", {});
+  ConsoleUi ui{in, out, clock, "Tolmen", {}};
+};
 
+TEST_F(ConsoleUiTest, AnswersByLetterOrNameWithDefaultsForEmptyLinesAndEndOfInput) {
+  in.str("n\n\nmaybe\nRETRY\n\n/abs/x.ktf\nTemplates/run\n");
   EXPECT_EQ(ui.MsgBox("Save the\r\nchanges?", vbYesNo + vbQuestion), vbNo);
   EXPECT_EQ(out.str(), "Tolmen\nSave the\nchanges?\n[Y]es [N]o (default Yes): No\n");
   EXPECT_EQ(ui.MsgBox("x", vbYesNoCancel + vbDefaultButton2, "T"), vbNo);  // empty line
@@ -70,11 +74,7 @@ TEST(ConsoleUi, ProgressIsWrittenWhenTheStatusChanges) {
             "\rClient 1 of 2\x1b[K\rClient 2 of 2\x1b[K\nTolmen\nDone.\n[O]K (default OK): OK\n");
 }
 
-TEST(ConsoleUi, RunClosesAWindowNobodyWaitsFor) {
-  VirtualClock clock(kStart);
-  std::istringstream in;
-  std::ostringstream out;
-  ConsoleUi ui(in, out, clock, "Tolmen", {});
+TEST_F(ConsoleUiTest, RunClosesAWindowNobodyWaitsFor) {
   Timer minute("Timer1");
   minute.SetInterval(60000);
   ui.RegisterTimer(minute);
@@ -90,11 +90,7 @@ TEST(ConsoleUi, RunClosesAWindowNobodyWaitsFor) {
   EXPECT_NE(out.str().find("The window did not close.\n"), std::string::npos);
 }
 
-TEST(ConsoleUi, BackgroundModeTicksUntilTheWindowUnloads) {
-  VirtualClock clock(kStart);
-  std::istringstream in;
-  std::ostringstream out;
-  ConsoleUi ui(in, out, clock, "Tolmen", {});
+TEST_F(ConsoleUiTest, BackgroundModeTicksUntilTheWindowUnloads) {
   FakeWindow window;
   window.visible = false;
   Timer minute("Timer1"), off("Off");
@@ -145,23 +141,13 @@ TEST(ConsoleUi, BackgroundModeEndsOnSigterm) {
   EXPECT_FALSE(sigismember(&pending, SIGTERM));
 }
 
-TEST(ConsoleUi, EditorStartsFromAnArgumentVector) {
-  VirtualClock clock(kStart);
-  std::istringstream in;
-  std::ostringstream out;
-  ConsoleUi ui(in, out, clock, "Tolmen", {});
-  const char* old = std::getenv("VISUAL");
-  std::optional<std::string> saved = old ? std::optional<std::string>(old) : std::nullopt;
-  setenv("VISUAL", "true --ignored", 1);
+TEST_F(ConsoleUiTest, EditorStartsFromAnArgumentVector) {
+  test::ScopedEnv visual("VISUAL", "true --ignored");
   EXPECT_TRUE(ui.OpenInEditor("/tmp/a; rm -rf x"));  // one argument, never a shell
   setenv("VISUAL", "/nonexistent/editor", 1);
   EXPECT_FALSE(ui.OpenInEditor("/tmp/log"));
   EXPECT_NE(out.str().find("Cannot open /tmp/log in an editor: /nonexistent/editor: "),
             std::string::npos);
-  if (saved)
-    setenv("VISUAL", saved->c_str(), 1);
-  else
-    unsetenv("VISUAL");
 }
 
 }  // namespace

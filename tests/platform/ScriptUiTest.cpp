@@ -1,12 +1,12 @@
 // The script front-end: answers, actions, timers and the transcript's exact form.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include "FakeWindow.h"
+#include "common/TempDir.h"
+#include "common/TestText.h"
 #include "platform/ui/HeadlessUiFactory.h"
 #include "platform/ui/ScriptReader.h"
 #include "platform/ui/ScriptUi.h"
@@ -291,12 +291,10 @@ TEST(ScriptUi, ShortTimerTicksWhenYieldedForOnAVirtualClock) {
 }
 
 TEST(ScriptUi, FactoryReadsScriptAndWritesTranscriptFiles) {
-  namespace fs = std::filesystem;
-  fs::path dir = fs::temp_directory_path() / ("tolmen-ui-" + std::to_string(getpid()));
-  fs::create_directories(dir);
-  std::ofstream(dir / "play.txt", std::ios::binary) << "\xEF\xBB\xBFretry\r\n@close\r\n";
-  setenv("TOLMEN_SCRIPT", (dir / "play.txt").c_str(), 1);
-  setenv("TOLMEN_TRANSCRIPT", (dir / "out.txt").c_str(), 1);
+  test::TempDir dir("tolmen-ui-");
+  std::ofstream(dir.File("play.txt"), std::ios::binary) << "\xEF\xBB\xBFretry\r\n@close\r\n";
+  test::ScopedEnv script("TOLMEN_SCRIPT", dir.File("play.txt"));
+  test::ScopedEnv transcript("TOLMEN_TRANSCRIPT", dir.File("out.txt"));
 
   VirtualClock clock(kStart);
   std::string error;
@@ -308,21 +306,16 @@ TEST(ScriptUi, FactoryReadsScriptAndWritesTranscriptFiles) {
   ui->TrayAdd("Tolmen - Idle" + std::string(8, '\0'));
   ui->PrintText("Line 1\r\nLine 2");
   EXPECT_EQ(ui->PrinterName(), "Transcript");
-  std::stringstream written;
-  written << std::ifstream(dir / "out.txt", std::ios::binary).rdbuf();
-  EXPECT_EQ(written.str(),
+  EXPECT_EQ(test::ReadFile(dir.File("out.txt")),
             "== MsgBox | Tolmen | Retry/Cancel | Exclamation\nLocked\n-> Retry\n@ close\n"
             "== Tray add Tolmen - Idle\n== Print\nLine 1\nLine 2\n");
 
-  setenv("TOLMEN_SCRIPT", (dir / "missing.txt").c_str(), 1);
+  setenv("TOLMEN_SCRIPT", dir.File("missing.txt").c_str(), 1);
   EXPECT_EQ(MakeHeadlessUi("script", clock, "Tolmen", error), nullptr);
   EXPECT_NE(error.find("missing.txt"), std::string::npos);
   unsetenv("TOLMEN_SCRIPT");
   EXPECT_EQ(MakeHeadlessUi("script", clock, "Tolmen", error), nullptr);
   EXPECT_EQ(MakeHeadlessUi("telepathy", clock, "Tolmen", error), nullptr);
-  unsetenv("TOLMEN_TRANSCRIPT");
-  ui.reset();
-  fs::remove_all(dir);
 }
 
 }  // namespace

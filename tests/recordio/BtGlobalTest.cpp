@@ -2,10 +2,10 @@
 // the user and a virtual clock.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 
+#include "common/TempDir.h"
+#include "common/TestText.h"
 #include "platform/recordmanager/BtrCodes.h"
 #include "platform/recordmanager/FileStat.h"
 #include "platform/ui/ScriptUi.h"
@@ -18,7 +18,7 @@
 namespace tolmen {
 namespace {
 
-namespace fs = std::filesystem;
+using test::ReadFile;
 
 // A record class with a plain image, as the record classes keep theirs.
 class TestRecord : public BtObject {
@@ -36,28 +36,12 @@ class TestRecord : public BtObject {
   std::string image;
 };
 
-std::string ReadFile(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 class GlobalIOTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    folder_ = fs::temp_directory_path() /
-              ("tolmen-btglobal-" + std::to_string(::getpid()) + "-" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
   // Starts the application with the given script lines as the user.
   void Start(const std::vector<std::string>& script) {
     ui_ = std::make_unique<ScriptUi>(script, &transcript_, clock_, "Tolmen");
-    app_ = std::make_unique<Tolmen>(MakeAppInfo(folder_.string(), "1.0.0"), *ui_, clock_);
+    app_ = std::make_unique<Tolmen>(MakeAppInfo(dir_.Path().string(), "1.0.0"), *ui_, clock_);
   }
 
   // Creates a record file with one 4-byte key at position 1 and the given records.
@@ -66,7 +50,7 @@ class GlobalIOTest : public ::testing::Test {
     FileDef def;
     def.recordLength = recordLength;
     def.keys.push_back(KeyDef{false, false, {SegmentDef{1, 4, KeyType::String, false, false}}});
-    std::string path = (folder_ / name).string();
+    std::string path = dir_.File(name);
     std::string pos(128, ' ');
     std::string data = BuildCreateBuffer(def);
     auto length = static_cast<int32_t>(data.size());
@@ -86,25 +70,22 @@ class GlobalIOTest : public ::testing::Test {
     return path;
   }
 
-  fs::path folder_;
+  test::TempDir dir_{"tolmen-btglobal-"};
   VirtualClock clock_{DateSerial(2026, 11, 23) + TimeSerial(9, 30, 0)};
   std::ostringstream transcript_;
   std::unique_ptr<ScriptUi> ui_;
   std::unique_ptr<Tolmen> app_;
 };
 
-TEST_F(GlobalIOTest, ClosedFileGivesStatus3WithoutReachingTheEngine) {
+// Closed files, the open's first record, the end of the file, empty and missing files: no dialog.
+TEST_F(GlobalIOTest, NormalOutcomesNeedNoDialog) {
   Start({});
-  TestRecord record("clsTest", 20);
+  TestRecord closed("clsTest", 20);
   app_->bt.BtStatus = 77;  // untouched unless the record manager is called
-  GlobalIO(*app_, record, 5, std::string("KEY1"));
-  EXPECT_EQ(record.STATUS_, 3);
+  GlobalIO(*app_, closed, 5, std::string("KEY1"));
+  EXPECT_EQ(closed.STATUS_, 3);
   EXPECT_EQ(app_->bt.BtStatus, 77);
-  EXPECT_EQ(transcript_.str(), "");
-}
 
-TEST_F(GlobalIOTest, OpenReadsTheFirstRecordAndCloseClearsIsOpen) {
-  Start({});
   const std::string path = MakeFile("Data.dat", 10, {"BBBBbbbbbb", "AAAAaaaaaa"});
   TestRecord record("clsTest", 10);
   GlobalIO(*app_, record, 0, "\"" + path + "\"");
@@ -122,19 +103,14 @@ TEST_F(GlobalIOTest, OpenReadsTheFirstRecordAndCloseClearsIsOpen) {
   EXPECT_FALSE(record.IsOpen);
   GlobalIO(*app_, record, 1);  // closing again: nothing reaches the engine
   EXPECT_EQ(record.STATUS_, 3);
-  EXPECT_EQ(transcript_.str(), "");
-}
 
-TEST_F(GlobalIOTest, EmptyAndMissingFilesOpenWithoutADialog) {
-  Start({});
-  const std::string path = MakeFile("Empty.dat", 10, {});
   TestRecord empty("clsTest", 10);
-  GlobalIO(*app_, empty, 0, path);
+  GlobalIO(*app_, empty, 0, MakeFile("Empty.dat", 10, {}));
   EXPECT_TRUE(empty.IsOpen);
   EXPECT_EQ(empty.STATUS_, 9);  // the Get First behind the open
 
   TestRecord missing("clsTest", 10);
-  GlobalIO(*app_, missing, 0, (folder_ / "Missing.dat").string());
+  GlobalIO(*app_, missing, 0, dir_.File("Missing.dat"));
   EXPECT_FALSE(missing.IsOpen);
   EXPECT_EQ(missing.STATUS_, 12);
   EXPECT_EQ(transcript_.str(), "");
@@ -166,7 +142,7 @@ TEST_F(GlobalIOTest, Status22OnTheClientFileIsCountedForGetEqualAndAskedOtherwis
   EXPECT_EQ(app_->run.ErrorCount, 1);
 
   app_->log.Close();
-  EXPECT_EQ(ReadFile(folder_ / "Tolmen.LOG"),
+  EXPECT_EQ(ReadFile(dir_.File("Tolmen.LOG")),
             "### Error 1: Unexpected BTrieve Status 22 in maxClients --Accepted\r\n");
 }
 
@@ -228,7 +204,7 @@ TEST_F(GlobalIOTest, UnexpectedStatusShowsTheFatalDialogAndCarryingOnStops) {
 
   EXPECT_EQ(app_->shell.DebugLevel, 4);
   app_->log.Close();
-  const std::string log = ReadFile(folder_ / "Tolmen.LOG");
+  const std::string log = ReadFile(dir_.File("Tolmen.LOG"));
   EXPECT_NE(log.find("Unexpected BTrieve Status in Sub GlobalIO"), std::string::npos);
   EXPECT_NE(log.find("### SET Debug=4: Proceeding in GlobalIO.\r\n"), std::string::npos);
 }
@@ -257,7 +233,7 @@ TEST_F(GlobalIOTest, DebugLevelsAddTheirLines) {
   TestRecord record("clsTest", 6);
   GlobalIO(*app_, record, 0, path);
   GlobalIO(*app_, record, 5, std::string("AB\tC"));
-  const std::string log = ReadFile(folder_ / "Tolmen.LOG");
+  const std::string log = ReadFile(dir_.File("Tolmen.LOG"));
   EXPECT_NE(log.find("# Debug: >>GlobalIO clsTest\r\n"), std::string::npos);
   EXPECT_NE(
       log.find("# Debug: GlobalIO BGETEQU|0|255|AB{09}C" + std::string(251, ' ') + "|6|AB{09}CDx|"),

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <sstream>
 
 #include "platform/ui/ScriptUi.h"
@@ -21,6 +20,19 @@ std::string B(std::initializer_list<int> bytes) {
   return out;
 }
 
+// Each number codec as a decoder to a double and an encoder from one.
+using Decoder = double (*)(Ui&, const std::string&);
+using Encoder = std::string (*)(double);
+const Decoder DecB = [](Ui& ui, const std::string& b) -> double { return CvB(ui, b); };
+const Decoder DecI = [](Ui& ui, const std::string& b) -> double { return CvI(ui, b); };
+const Decoder DecL = [](Ui& ui, const std::string& b) -> double { return CvL(ui, b); };
+const Decoder DecS = [](Ui& ui, const std::string& b) -> double { return CvS(ui, b); };
+const Decoder DecD = [](Ui& ui, const std::string& b) -> double { return CvD(ui, b); };
+const Encoder EncB = [](double v) { return MkB(static_cast<uint8_t>(v)); };
+const Encoder EncI = [](double v) { return MkI(static_cast<int16_t>(v)); };
+const Encoder EncL = [](double v) { return MkL(static_cast<int32_t>(v)); };
+const Encoder EncS = [](double v) { return MkS(static_cast<float>(v)); };
+
 class FieldCodecsTest : public ::testing::Test {
  protected:
   VirtualClock clock_{45366.5};
@@ -32,29 +44,20 @@ TEST_F(FieldCodecsTest, NumbersAreLittleEndianBothWays) {
   struct Case {
     std::string bytes;
     double value;
-    std::function<double(Ui&, const std::string&)> decode;
-    std::function<std::string(double)> encode;
+    Decoder decode;
+    Encoder encode;
   };
-  const auto cvi = [](Ui& ui, const std::string& b) { return static_cast<double>(CvI(ui, b)); };
-  const auto mki = [](double v) { return MkI(static_cast<int16_t>(v)); };
-  const auto cvl = [](Ui& ui, const std::string& b) { return static_cast<double>(CvL(ui, b)); };
-  const auto mkl = [](double v) { return MkL(static_cast<int32_t>(v)); };
-  const auto cvd = [](Ui& ui, const std::string& b) { return CvD(ui, b); };
   const Case cases[] = {
-      {B({0x01}), 1, [](Ui& ui, const std::string& b) { return static_cast<double>(CvB(ui, b)); },
-       [](double v) { return MkB(static_cast<uint8_t>(v)); }},
-      {B({0xFF}), 255, [](Ui& ui, const std::string& b) { return static_cast<double>(CvB(ui, b)); },
-       [](double v) { return MkB(static_cast<uint8_t>(v)); }},
-      {B({0x78, 0x05}), 1400, cvi, mki},
-      {B({0xFF, 0xFF}), -1, cvi, mki},
-      {B({0x00, 0x80}), -32768, cvi, mki},
-      {B({0x88, 0x13, 0x00, 0x00}), 5000, cvl, mkl},
-      {B({0x00, 0x00, 0x00, 0x80}), -2147483648.0, cvl, mkl},
-      {B({0x00, 0x00, 0x20, 0x40}), 2.5,
-       [](Ui& ui, const std::string& b) { return static_cast<double>(CvS(ui, b)); },
-       [](double v) { return MkS(static_cast<float>(v)); }},
-      {B({0, 0, 0, 0, 0, 0, 0xF8, 0x3F}), 1.5, cvd, MkD},
-      {B({0, 0, 0, 0, 0x10, 0xC2, 0xB2, 0x40}), 4802.0625, cvd, MkD},
+      {B({0x01}), 1, DecB, EncB},
+      {B({0xFF}), 255, DecB, EncB},
+      {B({0x78, 0x05}), 1400, DecI, EncI},
+      {B({0xFF, 0xFF}), -1, DecI, EncI},
+      {B({0x00, 0x80}), -32768, DecI, EncI},
+      {B({0x88, 0x13, 0x00, 0x00}), 5000, DecL, EncL},
+      {B({0x00, 0x00, 0x00, 0x80}), -2147483648.0, DecL, EncL},
+      {B({0x00, 0x00, 0x20, 0x40}), 2.5, DecS, EncS},
+      {B({0, 0, 0, 0, 0, 0, 0xF8, 0x3F}), 1.5, DecD, MkD},
+      {B({0, 0, 0, 0, 0x10, 0xC2, 0xB2, 0x40}), 4802.0625, DecD, MkD},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(c.decode(ui_, c.bytes), c.value) << c.value;
@@ -65,26 +68,20 @@ TEST_F(FieldCodecsTest, NumbersAreLittleEndianBothWays) {
 
 TEST_F(FieldCodecsTest, WrongLengthShowsItsMessageAndGivesZero) {
   struct Case {
-    std::function<double()> decode;
+    Decoder decode;
+    std::string bytes;
     std::string message;
   };
   const Case cases[] = {
-      {[&] { return static_cast<double>(CvB(ui_, "")); }, "Illegal function call in CvB()"},
-      {[&] {
-         return static_cast<double>(CvI(ui_, B({1, 2, 3})));
-       },
-       "Illegal function call in CvI%()"},
-      {[&] {
-         return static_cast<double>(CvL(ui_, B({1, 2})));
-       },
-       "Illegal function call in CvL&()"},
-      {[&] { return static_cast<double>(CvS(ui_, std::string(8, '\x01'))); },
-       "Illegal function call in CvS!()"},
-      {[&] { return CvD(ui_, std::string(7, '\x01')); }, "Illegal function call in CvD#()"},
+      {DecB, "", "Illegal function call in CvB()"},
+      {DecI, B({1, 2, 3}), "Illegal function call in CvI%()"},
+      {DecL, B({1, 2}), "Illegal function call in CvL&()"},
+      {DecS, std::string(8, '\x01'), "Illegal function call in CvS!()"},
+      {DecD, std::string(7, '\x01'), "Illegal function call in CvD#()"},
   };
   for (const Case& c : cases) {
     transcript_.str("");
-    EXPECT_EQ(c.decode(), 0);
+    EXPECT_EQ(c.decode(ui_, c.bytes), 0);
     EXPECT_EQ(transcript_.str(), "== MsgBox | Tolmen | OK | None\n" + c.message + "\n-> OK\n");
   }
 }

@@ -3,22 +3,11 @@
 #include <cmath>
 #include <string>
 
+#include "common/ErrorOf.h"
 #include "runtime/Conversion.h"
-#include "runtime/RuntimeError.h"
 
 namespace tolmen {
 namespace {
-
-// The number of the RuntimeError a call raises, or 0 when it raises none.
-template <typename F>
-int ErrorOf(F&& call) {
-  try {
-    call();
-  } catch (const RuntimeError& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 TEST(RoundHalfEven, HalvesGoToTheEvenNeighbour) {
   const struct {

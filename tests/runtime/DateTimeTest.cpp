@@ -2,23 +2,13 @@
 
 #include <string>
 
+#include "common/ErrorOf.h"
 #include "runtime/Conversion.h"
 #include "runtime/DateParse.h"
 #include "runtime/DateTime.h"
-#include "runtime/RuntimeError.h"
 
 namespace tolmen {
 namespace {
-
-template <typename F>
-int ErrorOf(F&& call) {
-  try {
-    call();
-  } catch (const RuntimeError& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 std::string Ymd(double date) {
   DateParts p = SplitDate(date);

@@ -3,21 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "runtime/RuntimeError.h"
+#include "common/ErrorOf.h"
 #include "runtime/Strings.h"
 
 namespace tolmen {
 namespace {
-
-template <typename F>
-int ErrorOf(F&& call) {
-  try {
-    call();
-  } catch (const RuntimeError& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 TEST(Strings, CuttingByPosition) {
   EXPECT_EQ(Left("Pastel", 3), "Pas");
@@ -72,7 +62,8 @@ TEST(Strings, ReplaceSplitJoin) {
   EXPECT_EQ(Replace("Bob \"the\" Smith", "\"", "'"), "Bob 'the' Smith");
   EXPECT_EQ(Replace("aXbxc", "x", "-", 1, -1, vbTextCompare), "a-b-c");
   EXPECT_EQ(Replace("aaaa", "a", "b", 1, 2), "bbaa");
-  EXPECT_EQ(Replace("abcabc", "a", "", 3), "cbc");  // the result starts at `start`
+  EXPECT_EQ(Replace("abcabc", "a", "", 3),
+            "cbc");  // the result starts at `start`
   EXPECT_EQ(Replace("abc", "", "x"), "abc");
   EXPECT_EQ(Replace("aaa", "aa", "a"), "aa");
 

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <utility>
 
+#include "common/TestText.h"
 #include "pastel/OpenPastel.h"
 #include "pastel/PastelDataSet.h"
 #include "pastel/PastelFiles.h"
@@ -110,10 +111,7 @@ std::vector<std::string> CrLfLines(const std::string& text) {
 }
 
 std::string ReadBytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
+  return test::ReadFile(path);
 }
 
 ScenarioTest::ScenarioTest() : pastel_(DemoSet()) {
@@ -243,24 +241,11 @@ std::vector<std::string> ScenarioTest::CategoryFile() {
 }
 
 json ScenarioTest::StoredUdf(const std::string& id, const std::string& udf) const {
-  const RunResult dump = RunMaxsim({"dump", maxsim_->Database()});
-  EXPECT_EQ(dump.status, 0);
-  const json book = json::parse(dump.out);
-  for (const json& client : book["clients"])
-    if (client.value("Identification", "") == id && client.contains("udfs") &&
-        client["udfs"].contains(udf))
-      return client["udfs"][udf];
-  return nullptr;
+  return maxsim_->StoredUdf(id, udf);
 }
 
 std::vector<std::string> ScenarioTest::TakeJournal() const {
-  const RunResult journal = maxsim_->Ctl({"journal"});
-  EXPECT_EQ(journal.status, 0);
-  EXPECT_EQ(maxsim_->Ctl({"journal", "clear"}).status, 0);
-  std::vector<std::string> lines;
-  std::istringstream in(journal.out);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
+  return maxsim_->TakeJournal();
 }
 
 void ScenarioTest::Maximizer(const std::vector<std::string>& command) const {

@@ -20,7 +20,7 @@ class RunLogTest : public ShellFixture {
     app_->pastel.PastelDataPath = dir_.File("set") + "/";
     fs::create_directories(dir_.File("set"));
   }
-  std::string SetLog() const { return ReadText(dir_.File("set/Tolmen.LOG")); }
+  std::string SetLog() const { return ReadFile(dir_.File("set/Tolmen.LOG")); }
 };
 
 TEST_F(RunLogTest, HeadingShowsTheRunAndItsOptions) {
@@ -31,7 +31,6 @@ TEST_F(RunLogTest, HeadingShowsTheRunAndItsOptions) {
   form.optCategory.Set(1);
   form.txtCategory(0).SetText("Members");
   form.txtCategory(1).SetText("7");
-  form.optImport.Set(2);
   form.cboUserFields.AddItem("Send Invoice");
   form.cboUserFields.SetListIndex(0);
   form.txtUserFldVal.SetText("YES");
@@ -56,8 +55,6 @@ TEST_F(RunLogTest, HeadingShowsTheRunAndItsOptions) {
                           "Company Name to Postal Address\r\n"
                           "Maximizer Account Number UDF: Pastel Account\r\n"
                           "\r\n");
-  // Level 0: the log stays open through the run.
-  EXPECT_TRUE(app_->log.IsOpen());
 
   // The category from a UDF, and "All Items" without the criteria.
   app_->log.EndRun();
@@ -125,12 +122,12 @@ TEST_F(RunLogTest, TurnsOverOnlyAboveTheLimit) {
     app_->shell.LogFileLimit = c.limitKb;
     LogEntry(*app_, 0, "");
     app_->log.EndRun();
-    const std::string now = ReadText(log);
+    const std::string now = ReadFile(log);
     if (c.turned) {
-      EXPECT_EQ(ReadText(old), std::string(c.size, 'x')) << c.limitKb << " " << c.size;
+      EXPECT_EQ(ReadFile(old), std::string(c.size, 'x')) << c.limitKb << " " << c.size;
       EXPECT_EQ(now.substr(0, 2), "\r\n");
     } else {
-      EXPECT_EQ(ReadText(old), "older") << c.limitKb << " " << c.size;
+      EXPECT_EQ(ReadFile(old), "older") << c.limitKb << " " << c.size;
       EXPECT_EQ(now.substr(0, c.size), std::string(c.size, 'x'));
       EXPECT_GT(now.size(), c.size);
     }
@@ -146,7 +143,7 @@ TEST_F(RunLogTest, FolderAndOpenStateFollowTheRunAndTheLevel) {
   EXPECT_TRUE(app_->log.IsOpen());
   app_->log.EndRun();
   EXPECT_FALSE(app_->log.IsOpen());
-  EXPECT_TRUE(Contains(ReadText(Home() + "Tolmen.LOG"), "\r\nstill here\r\n"));
+  EXPECT_TRUE(Contains(ReadFile(Home() + "Tolmen.LOG"), "\r\nstill here\r\n"));
   // After the run the Pastel folder is known and taken.
   LogEntry(*app_, 8, "moved");
   EXPECT_EQ(SetLog(), "moved\r\n");

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "common/TempDir.h"
+#include "common/TestText.h"
 #include "platform/ui/ScriptUi.h"
 #include "recordio/BtGlobal.h"
 #include "runtime/DateTime.h"
@@ -25,12 +26,7 @@ namespace tolmen::testing {
 
 namespace fs = std::filesystem;
 
-inline std::string ReadText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
+using test::ReadFile;
 
 inline void WriteText(const std::string& path, const std::string& text) {
   fs::create_directories(fs::path(path).parent_path());
@@ -64,7 +60,7 @@ class ShellFixture : public ::testing::Test {
   std::string Home() const { return dir_.File("home") + "/"; }
   std::string SettingsPath() const { return dir_.File("config/Vellumator7/settings.ini"); }
   std::string Transcript() const { return transcript_.str(); }
-  std::string Log() const { return ReadText(app_->log.Path()); }
+  std::string Log() const { return ReadFile(app_->log.Path()); }
 
   // Templates that read when their file exists, each read noted; an accepted Maximizer link;
   // SetOptions choosing the account number UDF and all clients; CheckForAutoRun counted.

@@ -5,10 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "common/TestText.h"
 #include "pastel/PastelTestSet.h"
 #include "templates/TemplateControls.h"
 #include "templates/TemplateFile.h"
@@ -31,20 +31,19 @@ class TemplateTest : public PastelSetTest {
     for (const std::string& line : lines) out << line << eol;
     return Path(name);
   }
-  static std::string Read(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
+  static std::string Read(const std::string& path) { return test::ReadFile(path); }
   static std::string CrLf(const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines) text += line + "\r\n";
     return text;
   }
   bool Said(const std::string& text) const { return Transcript().find(text) != std::string::npos; }
-  // The category list as LoadCategories leaves it for a set with two categories.
+  // The category list and the next free number as LoadCategories leaves them for a set with two
+  // categories.
   void FillCategories() {
     for (const char* entry : {"<0> NONE", "<1> Retail Sales", "<2> Wholesale"})
       Form().cboCategories.AddItem(entry);
+    app_->client.NextCategoryNumber = 3;
   }
 };
 

@@ -3,79 +3,41 @@
 #include "transfer/ImportFiles.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
-#include <memory>
-#include <sstream>
 
 #include "pastel/pasDebtor.h"
 #include "pastel/pasDelivery.h"
 #include "pastel/pasHisDetail.h"
 #include "pastel/pasHisHeader.h"
-#include "platform/ui/ScriptUi.h"
-#include "runtime/DateTime.h"
-#include "shell/Tolmen.h"
+#include "shell/ShellFixture.h"
 
-namespace tolmen {
+namespace tolmen::testing {
 namespace {
 
-namespace fs = std::filesystem;
-
-class ImportFilesTest : public ::testing::Test {
+class ImportFilesTest : public ShellFixture {
  protected:
   void SetUp() override {
-    root_ = fs::temp_directory_path() /
-            ("tolmen-import-" + std::to_string(::getpid()) + "-" +
-             ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(root_);
-    fs::create_directories(root_ / "set");
+    fs::create_directories(Folder());
     Start({});
   }
-  void TearDown() override {
-    app_.reset();
-    fs::remove_all(root_);
-  }
-  void Start(const std::vector<std::string>& script) {
-    app_.reset();
-    ui_ = std::make_unique<ScriptUi>(script, &transcript_, clock_, "Tolmen");
-    app_ = std::make_unique<Tolmen>(MakeAppInfo(root_.string() + "/", "1.0.0"), *ui_, clock_,
-                                    (root_ / "settings.ini").string());
-  }
-  std::string Folder() const { return (root_ / "set").string() + "/"; }
+  std::string Folder() const { return dir_.File("set") + "/"; }
   void Touch(const std::string& name) { std::ofstream(Folder() + name) << "x"; }
   // Every field written as its empty value, as a new debtor or document is built.
   static void Blank(PastelRecord& record) {
     for (int32_t field : record.Layout().Fields()) record.default_(field, Variant(std::string()));
   }
-  static std::string Read(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-  }
-
-  fs::path root_;
-  VirtualClock clock_{DateSerial(2024, 6, 15)};
-  std::ostringstream transcript_;
-  std::unique_ptr<ScriptUi> ui_;
-  std::unique_ptr<Tolmen> app_;
 };
 
-TEST_F(ImportFilesTest, NumberingFollowsTheHighestNameAsText) {
+TEST_F(ImportFilesTest, NumberingFollowsTheHighestCustomerFileWithoutRegardToCase) {
   EXPECT_EQ(NumberImportFiles(Folder()).customer, Folder() + "MaxCus01.csv");
   EXPECT_EQ(NumberImportFiles(Folder()).invoice, Folder() + "MaxInv01.csv");
   Touch("MaxCus07.csv");
   Touch("maxcus03.CSV");
-  Touch("MaxInv12.csv");
+  Touch("MaxInv12.csv");  // the invoice file takes the customer file's number
   EXPECT_EQ(NumberImportFiles(Folder()).customer, Folder() + "MaxCus08.csv");
-  Touch("MaxCus99.csv");
-  EXPECT_EQ(NumberImportFiles(Folder()).customer, Folder() + "MaxCus100.csv");
-  EXPECT_EQ(NumberImportFiles(Folder()).invoice, Folder() + "MaxInv100.csv");
-  // "MaxCus100.csv" sorts below "MaxCus99.csv": the number stays at 100.
-  Touch("MaxCus100.csv");
-  EXPECT_EQ(NumberImportFiles(Folder()).customer, Folder() + "MaxCus100.csv");
+  EXPECT_EQ(NumberImportFiles(Folder()).invoice, Folder() + "MaxInv08.csv");
 }
 
 TEST_F(ImportFilesTest, CustomerAndInvoiceLinesAsPastelReadsThem) {
@@ -130,35 +92,23 @@ TEST_F(ImportFilesTest, CustomerAndInvoiceLinesAsPastelReadsThem) {
   CloseCsvFiles(*app_);
   EXPECT_FALSE(app_->importFiles.customer.is_open());
   EXPECT_FALSE(app_->importFiles.invoice.is_open());
+  CloseCsvFiles(*app_);  // a second close does nothing
 
   const std::string nul2("\0\0", 2);
-  EXPECT_EQ(Read(app_->run.CsvFileName),
+  EXPECT_EQ(ReadFile(app_->run.CsvFileName),
             "\"SMI   \",\"Bob 'the' Smith\",\"12 High St\",\"\",\"\",\"\",\"\",\"011 555\",\"\","
             "\"\",\"1\",\"0\",\"1\",\"\",\"\",\"\",\"\",\"\",\"\",\"N\",\"0\",\"N\",\"1\",\"\","
             "\"7\",\"00\",\"0\",\"\",\"u1\",\"\",\"\",\"\",\"\",\"" +
                 nul2 + "\",\"\",\"\",\"bob@example.com\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n");
   const std::string header18(1, '\0');
   EXPECT_EQ(
-      Read(app_->run.InvoiceFileName),
+      ReadFile(app_->run.InvoiceFileName),
       "\"Header\",\"\",\" \",\" \",\"SMI001\",103,\"05/03/2024\",\"PO 1\",\"N\",2.5,\"\","
       "\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",30,\"05/03/2024\",\"\",\"\",\"\",1,\"\",\"\",\"" +
           header18 +
           "\"\r\n"
           "\"Detail\",10,1,114.5,130.53,\"EA\",\"1\",\"0\",\"0\",\"ITEM1\",\"Annual fee\","
           "\"4\",\"\",\"\"\r\n");
-}
-
-TEST_F(ImportFilesTest, RunWithoutInvoicesRemovesTheOldInvoiceFileAndWritesEmptyFiles) {
-  Touch("MaxInv02.csv");
-  app_->run.CsvFileName = Folder() + "MaxCus02.csv";
-  app_->run.InvoiceFileName = Folder() + "MaxInv02.csv";
-  app_->run.RecurringBillingOn = false;
-  ASSERT_TRUE(OpenCsvFiles(*app_));
-  CloseCsvFiles(*app_);
-  CloseCsvFiles(*app_);  // a second close does nothing
-  EXPECT_TRUE(fs::exists(app_->run.CsvFileName));
-  EXPECT_EQ(fs::file_size(app_->run.CsvFileName), 0u);
-  EXPECT_FALSE(fs::exists(app_->run.InvoiceFileName));
 }
 
 TEST_F(ImportFilesTest, AFileThatCannotOpenAsksUntilCancelled) {
@@ -169,11 +119,11 @@ TEST_F(ImportFilesTest, AFileThatCannotOpenAsksUntilCancelled) {
       "== MsgBox | Tolmen 1.0.0 for Maximizer 8, 9 and later | OK/Cancel | Exclamation\n"
       "Opening CSV files\nPath not found: " +
       app_->run.CsvFileName + "\nPlease fix the Error and Click OK, or Cancel the run.\n";
-  EXPECT_EQ(transcript_.str(), dialog + "-> OK\n" + dialog + "-> Cancel\n");
+  EXPECT_EQ(Transcript(), dialog + "-> OK\n" + dialog + "-> Cancel\n");
   EXPECT_FALSE(app_->importFiles.customer.is_open());
   // Writing a line with no file open is the caller's error.
   EXPECT_THROW(WriteCustomerLine(*app_, "x"), RuntimeError);
 }
 
 }  // namespace
-}  // namespace tolmen
+}  // namespace tolmen::testing

@@ -7,6 +7,7 @@
 
 #include "shell/RunLog.h"
 #include "shell/ShellFixture.h"
+#include "transfer/AccountCodes.h"
 
 namespace tolmen::testing {
 namespace {
@@ -278,37 +279,54 @@ TEST_F(Max2PastelTest, CheckRunOptionsStopsAtTheFirstFailure) {
   EXPECT_EQ(filled, 4);
 }
 
+// The size boxes' own check and the check before a run repair the suffix box alike, silently; the
+// run then takes both boxes as numbers.
 TEST_F(Max2PastelTest, AccountSizesAreRepairedSilently) {
   struct Case {
     const char* prefix;
     const char* suffix;
-    const char* suffixAfter;
-    int32_t prefixSize, suffixSize;
+    const char* repaired;
+    int32_t prefixSize, suffixSize;  // a prefix size of -1: the prefix cannot be a size
   };
   const Case cases[] = {
       {"4", "2", "2", 4, 2},
-      {"x", "3", "6", -1, 0},  // a bad prefix sets the suffix box to "4", "x4" reads 0: 6 - 0
-      {"4", "", "2", 4, 2},
-      {"0", "1", "6", 0, 6},  // "01" reads 1, below 2: 6 minus the prefix
-      {"1", "0", "0", 1, 0},  // "10" is not below 2
+      {"4", "y", "2", 4, 2},
+      {"5", "", "2", 5, 2},
+      // A prefix that is no number sets the suffix box to "4" first: "x4" reads 0, below 2, so
+      // the suffix becomes 6 - 0; "" joined with "4" reads 4.
+      {"x", "3", "6", -1, 0},
+      {"", "", "4", -1, 0},
+      // Prefix and suffix read together below 2: 6 minus the prefix. "10" is not below 2.
+      {"0", "1", "6", 0, 6},
+      {"0", "0", "6", 0, 6},
+      {"1", "0", "0", 1, 0},
+      // No rule on the sum.
+      {"1", "1", "1", 1, 1},
+      {"3", "9", "9", 3, 9},
   };
+  Start({});
+  app_->options.AccountNumber.name = "Pastel Account";
+  app_->options.ImportWhichData = 1;
+  MainForm& form = app_->screen.frmMain;
   for (const Case& c : cases) {
-    Start({});
-    app_->options.AccountNumber.name = "Pastel Account";
-    app_->options.ImportWhichData = 1;
-    MainForm& form = app_->screen.frmMain;
+    const std::string what = std::string(c.prefix) + "|" + c.suffix;
     form.txtPrefix.SetText(c.prefix);
     form.txtSuffix.SetText(c.suffix);
+    CheckCodeSizes(*app_);
+    EXPECT_EQ(form.txtSuffix.Text(), c.repaired) << what;
+    EXPECT_EQ(form.txtPrefix.Text(), c.prefix) << what;
+
+    form.txtSuffix.SetText(c.suffix);
     if (c.prefixSize < 0) {
-      EXPECT_THROW(ToPastelChecks(*app_), RuntimeError);  // "x" cannot be a size
+      EXPECT_THROW(ToPastelChecks(*app_), RuntimeError) << what;
     } else {
-      EXPECT_TRUE(ToPastelChecks(*app_)) << c.prefix << "|" << c.suffix;
-      EXPECT_EQ(app_->options.PrefixSize, c.prefixSize);
-      EXPECT_EQ(app_->options.SuffixSize, c.suffixSize);
+      EXPECT_TRUE(ToPastelChecks(*app_)) << what;
+      EXPECT_EQ(app_->options.PrefixSize, c.prefixSize) << what;
+      EXPECT_EQ(app_->options.SuffixSize, c.suffixSize) << what;
     }
-    EXPECT_EQ(form.txtSuffix.Text(), c.suffixAfter) << c.prefix << "|" << c.suffix;
-    EXPECT_EQ(Transcript(), "");
+    EXPECT_EQ(form.txtSuffix.Text(), c.repaired) << what;
   }
+  EXPECT_EQ(Transcript(), "");
 }
 
 }  // namespace

@@ -10,15 +10,11 @@
 namespace tolmen {
 namespace {
 
-UiAction Action(const std::string& verb, std::vector<std::string> args = {}) {
-  return UiAction{verb, std::move(args), ""};
-}
-
 class ScreenActionsTest : public ::testing::Test {
  protected:
   ScreenActionsTest() : actions(model) { model.frmMain.Show(); }
   std::string Do(const std::string& verb, std::vector<std::string> args = {}) {
-    return actions.Perform(Action(verb, std::move(args)));
+    return actions.Perform(UiAction{verb, std::move(args), ""});
   }
 
   ScreenModel model;

@@ -1,18 +1,19 @@
 // The wizard's tab flow played through the script front-end as a user plays it: a real Pastel set
 // (made by pasteldata's library code), a real maxsim serving a small address book, the demo
 // template, a virtual clock, and the transcript of every dialog.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "common/MaximizerTestKit.h"
+#include "common/TestText.h"
 #include "pastel/PastelDataSet.h"
+#include "runtime/Strings.h"
 #include "shell/Application.h"
 #include "wizard/ScreenActions.h"
 
@@ -20,19 +21,7 @@ namespace tolmen::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string ReadAll(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-int Occurrences(const std::string& text, const std::string& part) {
-  int count = 0;
-  for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-  return count;
-}
+using ::testing::HasSubstr;
 
 // The main window, noting the page shown after each action; `before` runs just before one.
 class RecordingWindow final : public ScreenActions {
@@ -51,13 +40,8 @@ class RecordingWindow final : public ScreenActions {
   ScreenModel& model_;
 };
 
-class TabFlowTest : public ::testing::Test {
+class TabFlowTest : public MaximizerTest {
  protected:
-  TabFlowTest() : socket_(dir_.File("maximizer.sock")), maxsim_(dir_.Path().string(), socket_) {
-    ::setenv("MAXIMIZER_SOCKET", socket_.c_str(), 1);
-    fs::create_directories(Home());
-  }
-
   std::string Home() const { return dir_.File("home") + "/"; }
   std::string Pastel() const { return dir_.File("pastel") + "/"; }
   MainForm& Form() { return app_->screen.frmMain; }
@@ -69,23 +53,17 @@ class TabFlowTest : public ::testing::Test {
     nlohmann::json clients = nlohmann::json::array();
     for (int n : {0, 3, 4, 7, 8}) clients.push_back(book["clients"][n]);
     book["clients"] = clients;
-    database_ = maxsim_.Init("maximizer", book);
-    ASSERT_TRUE(maxsim_.Serve(database_));
+    database_ = ServeBook(book);
   }
 
   // The demo template for the Pastel set and `databasePath`, kept in the program's folder.
   std::string WriteTemplate(const std::string& databasePath) {
     std::ifstream in(std::string(TOLMEN_SOURCE_DIR) + "/tools/demo/demo.KTF");
     std::string text;
-    for (std::string line; std::getline(in, line);) {
-      for (const auto& [mark, value] : {std::pair<std::string, std::string>{"@PASTEL@", Pastel()},
-                                        {"@MAXIMIZER@", databasePath}})
-        if (size_t at = line.find(mark); at != std::string::npos)
-          line.replace(at, mark.size(), value);
-      text += line + "\r\n";
-    }
+    for (std::string line; std::getline(in, line);) text += line + "\r\n";
     const std::string path = Home() + "demo.KTF";
-    std::ofstream(path, std::ios::binary) << text;
+    std::ofstream(path, std::ios::binary)
+        << Replace(Replace(text, "@PASTEL@", Pastel()), "@MAXIMIZER@", databasePath);
     return path;
   }
 
@@ -93,11 +71,7 @@ class TabFlowTest : public ::testing::Test {
   // `prepare` runs before the window loads.
   void Play(const std::vector<std::string>& script, const std::function<void()>& prepare = {}) {
     window_.reset();
-    app_.reset();
-    transcript_.str("");
-    ui_ = std::make_unique<ScriptUi>(script, &transcript_, clock_, "Tolmen");
-    app_ = std::make_unique<Tolmen>(MakeAppInfo(Home(), "1.0.0"), *ui_, clock_,
-                                    dir_.File("settings.ini"));
+    Start(script);
     if (!fs::exists(Pastel())) {
       std::ifstream set(std::string(TOLMEN_SOURCE_DIR) + "/tools/pasteldata/samples/demo.json");
       CreatePastelSet(*app_, Pastel(), nlohmann::json::parse(set));
@@ -107,17 +81,9 @@ class TabFlowTest : public ::testing::Test {
     RunApplication(*app_, *window_);
   }
 
-  std::string Transcript() const { return transcript_.str(); }
   std::string OpenTemplate() const { return "@click mnuFile \"&Open Template...\""; }
 
-  TempDir dir_{"tolmen-wizard-"};
-  std::string socket_;
-  Maxsim maxsim_;
   std::string database_;
-  VirtualClock clock_{DateFromParts(2026, 11, 23, 9, 0, 0)};
-  std::ostringstream transcript_;
-  std::unique_ptr<ScriptUi> ui_;
-  std::unique_ptr<Tolmen> app_;
   std::unique_ptr<RecordingWindow> window_;
 };
 
@@ -139,14 +105,12 @@ TEST_F(TabFlowTest, HiddenPagesAreSkippedAndAPageThatGoesWhileShowingIsLeftFirst
       "Do you really want to Hide Casual Billing?\n"
       "The items in the Billing List will be Lost.\n"
       "(to re-enable, use View > Casual Billing)\n";
-  const std::string transcript = Transcript();
-  EXPECT_NE(transcript.find("== MsgBox | Disable To Maximizer? | Yes/No | Question\n"
-                            "Do you really want to Hide To Maximizer?\n"
-                            "(to re-enable, use View > To Maximizer)\n-> Yes\n"),
-            std::string::npos);
-  EXPECT_NE(transcript.find(casual + "-> No\n@ click cmdHideBillC\n" + casual + "-> Yes\n"),
-            std::string::npos);
-  EXPECT_EQ(Occurrences(transcript, "== MsgBox"), 4) << transcript;
+  EXPECT_THAT(Transcript(), HasSubstr("== MsgBox | Disable To Maximizer? | Yes/No | Question\n"
+                                      "Do you really want to Hide To Maximizer?\n"
+                                      "(to re-enable, use View > To Maximizer)\n-> Yes\n"));
+  EXPECT_THAT(Transcript(),
+              HasSubstr(casual + "-> No\n@ click cmdHideBillC\n" + casual + "-> Yes\n"));
+  EXPECT_EQ(Count("== MsgBox"), 4) << Transcript();
 
   MainForm& form = Form();
   for (MenuItem* tick : {&form.mnuViewMaximizer, &form.mnuViewBillR})
@@ -184,9 +148,7 @@ TEST_F(TabFlowTest, ArrivingWhileMaximizerIsGoneKeepsTheButtonsAndThePage) {
       if (action.verb == "tab") maxsim_.Kill();  // the user closed Maximizer
     };
   });
-  const std::string transcript = Transcript();
-  const size_t arrival = transcript.find("@ tab 5\n== MsgBox | Tolmen | OK | None\nError ");
-  EXPECT_NE(arrival, std::string::npos) << transcript;
+  EXPECT_THAT(Transcript(), HasSubstr("@ tab 5\n== MsgBox | Tolmen | OK | None\nError "));
   EXPECT_EQ(window_->pages, (std::vector<int>{0, 1, 5}));
   EXPECT_TRUE(Form().cmdBack.Enabled());
   EXPECT_EQ(Form().cmdNext.Caption(), "&Next >>");
@@ -228,8 +190,8 @@ TEST_F(TabFlowTest, TheImportConfirmationInEachOfItsForms) {
     at = transcript.find(dialog, at);
     ASSERT_NE(at, std::string::npos) << "missing in order:\n" << dialog << "\nin:\n" << transcript;
   }
-  EXPECT_EQ(Occurrences(transcript, "== Beep"), 1);
-  EXPECT_EQ(Occurrences(transcript, "== MsgBox"), 4) << transcript;
+  EXPECT_EQ(Count("== Beep"), 1);
+  EXPECT_EQ(Count("== MsgBox"), 4) << transcript;
   EXPECT_FALSE(fs::exists(Pastel() + "MaxCus01.csv"));  // nothing ran
 }
 
@@ -241,10 +203,8 @@ TEST_F(TabFlowTest, DatabaseChangeWarningIsGivenOncePerTemplateAndNoGoesBackToTh
       "== MsgBox | Tolmen Warning: Maximizer Database change! | Yes/No | None\n"
       "In your previous run you were using the Maximizer database:\n" +
       dir_.File("old-book") + "\nNow you are using:\n" + database_ + "\nIs this OK?\n-> No\n";
-  const std::string transcript = Transcript();
-  EXPECT_NE(transcript.find("@ tab 1\n" + warning + "@ click cmdNext\n"), std::string::npos)
-      << transcript;
-  EXPECT_EQ(Occurrences(transcript, "Warning: Maximizer Database change!"), 1);
+  EXPECT_THAT(Transcript(), HasSubstr("@ tab 1\n" + warning + "@ click cmdNext\n"));
+  EXPECT_EQ(Count("Warning: Maximizer Database change!"), 1);
   // The template sent the wizard to the Transfer page; No sent it back to the first page, from
   // where it goes on without a second warning.
   EXPECT_EQ(window_->pages, (std::vector<int>{5, 0, 1, 2}));
@@ -259,18 +219,15 @@ TEST_F(TabFlowTest, LimitLogFileSizeStoresANumericAnswerAndTicksTheItem) {
            answer + "\n";
   };
   Play({limit, "= 250"});
-  EXPECT_NE(Transcript().find(prompt("1000", "250")), std::string::npos) << Transcript();
+  EXPECT_THAT(Transcript(), HasSubstr(prompt("1000", "250")));
   EXPECT_TRUE(Form().mnuFile(21).Checked());
   EXPECT_EQ(Settings(dir_.File("settings.ini")).GetSetting("Settings", "LogFileLimit"), "250");
 
   // A new start reads the stored limit; an answer that is no number changes nothing, 0 unticks.
   Play({limit, "= about 300", limit, "= 0"});
-  EXPECT_NE(Transcript().find(prompt("250", "about 300") +
-                              "@ click mnuFile \"&Limit Log File "
-                              "Size...\"\n" +
-                              prompt("250", "0")),
-            std::string::npos)
-      << Transcript();
+  EXPECT_THAT(Transcript(),
+              HasSubstr(prompt("250", "about 300") +
+                        "@ click mnuFile \"&Limit Log File Size...\"\n" + prompt("250", "0")));
   EXPECT_FALSE(Form().mnuFile(21).Checked());
   EXPECT_EQ(Settings(dir_.File("settings.ini")).GetSetting("Settings", "LogFileLimit"), "0");
 }
@@ -279,25 +236,17 @@ TEST_F(TabFlowTest, OpeningATemplateAndImportingRunsTheTransfer) {
   ServeSmallBook();
   const std::string path = WriteTemplate(database_);
   Play({OpenTemplate(), "= " + path, "@click cmdNext", "Yes", "No"});
-  const std::string transcript = Transcript();
-  EXPECT_NE(transcript.find("@ click cmdNext\n== MsgBox | Confirm Import - 09:00 23 November "
-                            "2026 | Yes/No | Question\n"),
-            std::string::npos)
-      << transcript;
-  EXPECT_NE(transcript.find("Click 'Yes' if you are sure you want to continue.\n-> Yes\n"),
-            std::string::npos);
-  EXPECT_NE(transcript.find("== MsgBox | Tolmen Import Complete: Open Log File? | Yes/No | "
-                            "Information\n3 Pastel Debtors (0 new) were written to file " +
-                            Pastel() + "MaxCus01.csv\n"),
-            std::string::npos)
-      << transcript;
+  EXPECT_THAT(Transcript(), HasSubstr("== MsgBox | Tolmen Import Complete: Open Log File? | "
+                                      "Yes/No | Information\n3 Pastel Debtors (0 new) were "
+                                      "written to file " +
+                                      Pastel() + "MaxCus01.csv\n"));
   // One line per client marked for Pastel, Bluegum left out.
   std::vector<std::string> codes;
-  std::istringstream csv(ReadAll(Pastel() + "MaxCus01.csv"));
-  for (std::string line; std::getline(csv, line);) codes.push_back(line.substr(0, 9));
+  for (const std::string& line : TextLines(ReadFile(Pastel() + "MaxCus01.csv")))
+    codes.push_back(line.substr(0, 9));
   EXPECT_EQ(codes, (std::vector<std::string>{"\"ACM001\",", "\"BOT001\",", "\"CAP001\","}));
-  EXPECT_NE(ReadAll(Pastel() + "Tolmen.LOG").find("Tolmen Import Completed at 23 Nov 2026 09:00"),
-            std::string::npos);
+  EXPECT_THAT(ReadFile(Pastel() + "Tolmen.LOG"),
+              HasSubstr("Tolmen Import Completed at 23 Nov 2026 09:00"));
   EXPECT_FALSE(app_->run.RunActive);
 }
 
