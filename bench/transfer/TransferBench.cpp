@@ -161,7 +161,7 @@ long StatusKilobytes(const std::string& field) {
 }
 
 // The highest anonymous (heap) and file-backed resident memory seen while it lives, sampled
-// every 5 ms. The file-backed part is the record engine's memory-mapped files (Maximizer's
+// every 20 ms. The file-backed part is the record engine's memory-mapped files (Maximizer's
 // client file grows with the book), shared with the system's page cache.
 class MemorySampler {
  public:
@@ -170,7 +170,7 @@ class MemorySampler {
           while (!stop_) {
             anon_ = std::max(anon_.load(), StatusKilobytes("RssAnon"));
             file_ = std::max(file_.load(), StatusKilobytes("RssFile"));
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
           }
         }) {}
   ~MemorySampler() { Stop(); }

@@ -2,7 +2,6 @@
 #include "Server.h"
 
 #include <poll.h>
-#include <sched.h>
 #include <signal.h>
 #include <sys/signalfd.h>
 #include <sys/socket.h>
@@ -20,6 +19,7 @@
 #include <nlohmann/json.hpp>
 
 #include "Session.h"
+#include "platform/automation/SpinBudget.h"
 
 namespace tolmen::maxsim {
 
@@ -31,7 +31,6 @@ constexpr size_t kMaxRequestBytes = size_t{16} << 20;
 // the same connection is asked for more without waiting, for this long after its last request,
 // and for no longer than a round so that signals and other connections are seen.
 constexpr auto kRequestSpin = std::chrono::microseconds(200);
-constexpr auto kRequestBusySpin = std::chrono::microseconds(20);
 constexpr auto kSpinRound = std::chrono::milliseconds(20);
 
 bool MakeAddress(const std::string& path, sockaddr_un& address) {
@@ -45,6 +44,7 @@ bool MakeAddress(const std::string& path, sockaddr_un& address) {
 struct Connection {
   int fd;
   std::string input;
+  SpinBudget spin;
 };
 
 bool SendAll(int fd, const std::string& text) {
@@ -79,7 +79,9 @@ bool AnswerLines(Connection& connection, Session& session) {
 // Answers the requests that follow on the same connection while they come quickly; false when
 // the connection is to be dropped.
 bool AnswerWhileBusy(Connection& connection, Session& session) {
+  if (!connection.spin.MaySpin()) return true;
   using Steady = std::chrono::steady_clock;
+  bool answered = false;
   auto lastRequest = Steady::now();
   const auto roundEnd = lastRequest + kSpinRound;
   for (auto now = lastRequest;
@@ -91,15 +93,18 @@ bool AnswerWhileBusy(Connection& connection, Session& session) {
     if (n < 0) {
       if (errno == EINTR) continue;
       if (errno != EAGAIN && errno != EWOULDBLOCK) return false;
-      // Past the first moments, each try lets others have the processor first: on a busy
-      // machine the caller may be waiting for it.
-      if (now - lastRequest > kRequestBusySpin) ::sched_yield();
       continue;
     }
     connection.input.append(buffer, static_cast<size_t>(n));
     if (!AnswerLines(connection, session)) return false;
+    answered = true;
     lastRequest = Steady::now();
   }
+  // A stream of requests ends with one wait in vain; only asking that caught nothing is a miss.
+  if (answered)
+    connection.spin.Answered();
+  else
+    connection.spin.Missed();
   return true;
 }
 
@@ -170,7 +175,7 @@ int Serve(const std::string& socketPath, Session& session, std::ostream& out) {
     if (waits[0].revents != 0) stop = true;
     if (waits[1].revents & POLLIN) {
       const int fd = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
-      if (fd >= 0) connections.push_back({fd, {}});
+      if (fd >= 0) connections.push_back({fd, {}, {}});
     }
     // Connections accepted in this round are polled in the next one.
     for (size_t i = 0; i + 2 < waits.size() && !session.QuitRequested(); ++i) {

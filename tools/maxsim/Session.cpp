@@ -65,6 +65,7 @@ std::optional<int64_t> Count(const std::string& text) {
 // An argument in the journal: in double quotes, doubled inside; line breaks shown as \r and \n so
 // that an entry stays on one line.
 std::string Quoted(const std::string& text) {
+  if (text.find_first_of("\"\r\n") == std::string::npos) return "\"" + text + "\"";
   std::string quoted = Replace(Replace(Replace(text, "\"", "\"\""), "\r", "\\r"), "\n", "\\n");
   return "\"" + quoted + "\"";
 }

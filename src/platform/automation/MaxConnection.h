@@ -13,6 +13,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "platform/automation/SpinBudget.h"
+
 namespace tolmen {
 
 class Clock;
@@ -53,6 +55,7 @@ class MaxConnection {
   Clock& clock_;
   double replyTimeoutSeconds_;
   std::string pending_;  // bytes read past the last reply line
+  SpinBudget spin_;
 };
 
 // The reply timeout: $MAXIMIZER_TIMEOUT seconds when it is a positive number, else 5.
