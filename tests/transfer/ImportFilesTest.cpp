@@ -123,6 +123,19 @@ TEST_F(ImportFilesTest, AFileThatCannotOpenAsksUntilCancelled) {
   EXPECT_FALSE(app_->importFiles.customer.is_open());
   // Writing a line with no file open is the caller's error.
   EXPECT_THROW(WriteCustomerLine(*app_, "x"), RuntimeError);
+
+  // A disk that fills up: each line that cannot be written is error 61 for the run's trap.
+  app_->importFiles.customer.open("/dev/full", std::ios::binary);
+  ASSERT_TRUE(app_->importFiles.customer.is_open());
+  for (int line = 0; line < 2; ++line) {
+    try {
+      WriteCustomerLine(*app_, "\"SMI001\",\"Smith\"");
+      ADD_FAILURE() << "a line went to a full disk";
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Number(), 61);
+      EXPECT_EQ(error.Description(), "Disk full");
+    }
+  }
 }
 
 }  // namespace
