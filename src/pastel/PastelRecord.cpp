@@ -2,25 +2,12 @@
 
 #include <algorithm>
 
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/BtGlobal.h"
 #include "recordio/RecordFileCalls.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
-namespace {
-
-constexpr std::int32_t kClose = 1;
-constexpr std::int32_t kGetEqual = 5;
-constexpr std::int32_t kGetNext = 6;
-constexpr std::int32_t kGetPrevious = 7;
-constexpr std::int32_t kGetGreater = 8;
-constexpr std::int32_t kGetGreaterOrEqual = 9;
-constexpr std::int32_t kGetLess = 10;
-constexpr std::int32_t kGetLessOrEqual = 11;
-constexpr std::int32_t kGetFirst = 12;
-constexpr std::int32_t kGetLast = 13;
-
-}  // namespace
 
 PastelRecord::PastelRecord(Tolmen& app, std::string className, std::int32_t recordLength,
                            std::int16_t maxFields, const RecordLayout& layout,
@@ -60,35 +47,35 @@ void PastelRecord::OPEN_() {
 }
 
 void PastelRecord::CLOSE_() {
-  IO(kClose);
+  IO(kOpClose);
 }
 
 void PastelRecord::GET_EQUAL(const std::string& key) {
-  IO(kGetEqual, key);
+  IO(kOpGetEqual, key);
 }
 void PastelRecord::GET_GREATER(const std::string& key) {
-  IO(kGetGreater, key);
+  IO(kOpGetGreater, key);
 }
 void PastelRecord::GET_LAST() {
-  IO(kGetLast);
+  IO(kOpGetLast);
 }
 void PastelRecord::GET_LESS_THAN(const std::string& key) {
-  IO(kGetLess, key);
+  IO(kOpGetLess, key);
 }
 void PastelRecord::GET_LESS_THAN_OR_EQUAL(const std::string& key) {
-  IO(kGetLessOrEqual, key);
+  IO(kOpGetLessOrEqual, key);
 }
 void PastelRecord::GET_LOWEST() {
-  IO(kGetFirst);
+  IO(kOpGetFirst);
 }
 void PastelRecord::GET_NEAREST(const std::string& key) {
-  IO(kGetGreaterOrEqual, key);
+  IO(kOpGetGreaterOrEqual, key);
 }
 void PastelRecord::GET_NEXT() {
-  IO(kGetNext);
+  IO(kOpGetNext);
 }
 void PastelRecord::GET_PREVIOUS() {
-  IO(kGetPrevious);
+  IO(kOpGetPrevious);
 }
 
 std::int32_t PastelRecord::RecordCount() {

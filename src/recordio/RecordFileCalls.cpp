@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/BtGlobal.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
 namespace {
 
-constexpr std::int32_t kOpen = 0;
-constexpr std::int32_t kGetFirst = 12;
-constexpr std::int32_t kStat = 15;
 constexpr std::size_t kStatBufferBytes = 512;
 constexpr std::size_t kRecordCountOffset = 6;
 
@@ -34,14 +32,14 @@ void OpenRecordFile(Tolmen& app, BtObject& object, const std::string& fileName,
                     const std::optional<std::string>& accepted) {
   object.KeyNum = openMode.value_or(0);
   if (!owner) {
-    GlobalIO(app, object, kOpen, fileName, accepted);
+    GlobalIO(app, object, kOpOpen, fileName, accepted);
   } else {
     object.DataBuf = *owner;
     object.DBLen = static_cast<std::int32_t>(owner->size());
     object.BufferHeld = true;
-    GlobalIO(app, object, kOpen, fileName, accepted);
+    GlobalIO(app, object, kOpOpen, fileName, accepted);
     object.DBLen = object.RecordLength;
-    if (object.STATUS_ == 0 || object.STATUS_ == 9) GlobalIO(app, object, kGetFirst);
+    if (object.STATUS_ == 0 || object.STATUS_ == 9) GlobalIO(app, object, kOpGetFirst);
   }
   if (object.STATUS_ == 0) object.FileName = fileName;
 }
@@ -51,7 +49,8 @@ std::int32_t StatRecordCount(Tolmen& app, BtObject& object) {
   std::string stats(kStatBufferBytes, ' ');
   auto length = static_cast<std::int32_t>(kStatBufferBytes);
   std::string key(255, ' ');
-  object.STATUS_ = app.engine.BTRCALL(kStat, object.PosBlk, stats, length, key, 255, object.KeyNum);
+  object.STATUS_ =
+      app.engine.BTRCALL(kOpStat, object.PosBlk, stats, length, key, 255, object.KeyNum);
   stats.resize(std::max(stats.size(), kRecordCountOffset + 4), ' ');
   return HexCountValue(stats);
 }
