@@ -55,11 +55,8 @@ std::string JoinColumns(const std::vector<std::string>& columns) {
   return line;
 }
 
-void WriteTo(std::ofstream& file, const std::string& line) {
-  if (!file.is_open()) throw RuntimeError(52);  // "Bad file name or number"
-  file << line << "\r\n";
-  file.flush();
-  if (!file) throw RuntimeError(61);
+void WriteTo(ImportFile& file, const std::string& line) {
+  file.Append(line + "\r\n");
 }
 
 }  // namespace
@@ -80,10 +77,9 @@ ImportFileNames NumberImportFiles(const std::string& folder) {
 bool OpenCsvFiles(Tolmen& app) {
   ImportFileHandles& files = app.importFiles;
   app.run.CurrentSection = "Opening CSV files";
-  const auto open = [&](std::ofstream& file, const std::string& name) {
+  const auto open = [&](ImportFile& file, const std::string& name) {
     for (;;) {
-      file.open(name, std::ios::binary | std::ios::trunc);
-      if (file.is_open()) return true;
+      if (file.Open(name)) return true;
       const std::string why =
           fs::exists(name) ? RuntimeError(75).Description() : RuntimeError(76).Description();
       const std::string& br = app.info.LineBreak;
@@ -96,7 +92,7 @@ bool OpenCsvFiles(Tolmen& app) {
   if (!open(files.customer, app.run.CsvFileName)) return false;
   if (app.run.RecurringBillingOn) {
     if (!open(files.invoice, app.run.InvoiceFileName)) {
-      files.customer.close();
+      files.customer.Close();
       return false;
     }
   } else {
@@ -109,10 +105,10 @@ bool OpenCsvFiles(Tolmen& app) {
 
 void CloseCsvFiles(Tolmen& app) {
   ImportFileHandles& files = app.importFiles;
-  if (!files.customer.is_open()) return;
+  if (!files.customer.IsOpen()) return;
   app.run.CurrentSection = "Closing CSV files";
-  files.customer.close();
-  if (files.invoice.is_open()) files.invoice.close();
+  files.customer.Close();
+  files.invoice.Close();
   app.run.CurrentSection.clear();
 }
 

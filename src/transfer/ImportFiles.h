@@ -4,11 +4,13 @@
 //
 // The customer line (44 columns) comes from pasDebtor with the open set's pasDelivery, the
 // "Header" line (28 columns) from pasHisHeader, the "Detail" line (14 columns) from pasHisDetail.
-// A write that fails (a full disk) raises RuntimeError 61 or 57 to the caller's error trap.
+// A line that cannot be written (a full disk) raises RuntimeError 61 or 57 to the caller's error
+// trap and leaves the file with its whole lines only, so that Retry writes the line once.
 #pragma once
 
-#include <fstream>
 #include <string>
+
+#include "transfer/ImportFile.h"
 
 namespace tolmen {
 
@@ -20,8 +22,8 @@ class pasHisDetail;
 
 // The two open files of a run; closed between runs.
 struct ImportFileHandles {
-  std::ofstream customer;
-  std::ofstream invoice;
+  ImportFile customer;
+  ImportFile invoice;
 };
 
 struct ImportFileNames {

@@ -213,7 +213,7 @@ void TransferClients(Tolmen& app) {
   // From here on errors are passed over.
   RunTrapped(
       [&] {
-        if (!app.importFiles.customer.is_open()) return;
+        if (!app.importFiles.customer.IsOpen()) return;
         run.CurrentSection = "Closing CSV files";
         CloseCsvFiles(app);
         run.CurrentSection.clear();

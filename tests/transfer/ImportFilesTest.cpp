@@ -3,10 +3,13 @@
 #include "transfer/ImportFiles.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
+#include "common/ErrorOf.h"
 #include "pastel/pasDebtor.h"
 #include "pastel/pasDelivery.h"
 #include "pastel/pasHisDetail.h"
@@ -90,8 +93,8 @@ TEST_F(ImportFilesTest, CustomerAndInvoiceLinesAsPastelReadsThem) {
   header.INSERT();
   detail.INSERT();
   CloseCsvFiles(*app_);
-  EXPECT_FALSE(app_->importFiles.customer.is_open());
-  EXPECT_FALSE(app_->importFiles.invoice.is_open());
+  EXPECT_FALSE(app_->importFiles.customer.IsOpen());
+  EXPECT_FALSE(app_->importFiles.invoice.IsOpen());
   CloseCsvFiles(*app_);  // a second close does nothing
 
   const std::string nul2("\0\0", 2);
@@ -120,13 +123,15 @@ TEST_F(ImportFilesTest, AFileThatCannotOpenAsksUntilCancelled) {
       "Opening CSV files\nPath not found: " +
       app_->run.CsvFileName + "\nPlease fix the Error and Click OK, or Cancel the run.\n";
   EXPECT_EQ(Transcript(), dialog + "-> OK\n" + dialog + "-> Cancel\n");
-  EXPECT_FALSE(app_->importFiles.customer.is_open());
+  EXPECT_FALSE(app_->importFiles.customer.IsOpen());
   // Writing a line with no file open is the caller's error.
   EXPECT_THROW(WriteCustomerLine(*app_, "x"), RuntimeError);
+}
 
-  // A disk that fills up: each line that cannot be written is error 61 for the run's trap.
-  app_->importFiles.customer.open("/dev/full", std::ios::binary);
-  ASSERT_TRUE(app_->importFiles.customer.is_open());
+TEST_F(ImportFilesTest, ALineWithoutRoomIsTakenBackAndWrittenOnceOnRetry) {
+  ImportFile& file = app_->importFiles.customer;
+  // A full disk: each line is error 61 for the run's trap.
+  ASSERT_TRUE(file.Open("/dev/full"));
   for (int line = 0; line < 2; ++line) {
     try {
       WriteCustomerLine(*app_, "\"SMI001\",\"Smith\"");
@@ -136,6 +141,26 @@ TEST_F(ImportFilesTest, AFileThatCannotOpenAsksUntilCancelled) {
       EXPECT_EQ(error.Description(), "Disk full");
     }
   }
+
+  // A file that may not grow past 40 bytes: the second line goes in only in part, and that part
+  // comes out again. With room made, Retry writes the line whole, once.
+  const std::string path = Folder() + "MaxCus01.csv";
+  const std::string first(20, 'a'), second(30, 'b');
+  ASSERT_TRUE(file.Open(path));
+  WriteCustomerLine(*app_, first);
+  rlimit saved{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &saved), 0);
+  const rlimit small{40, saved.rlim_max};
+  const auto oldHandler = ::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+  const int error = ErrorOf([&] { WriteCustomerLine(*app_, second); });
+  ::setrlimit(RLIMIT_FSIZE, &saved);
+  ::signal(SIGXFSZ, oldHandler);
+  EXPECT_EQ(error, 61);
+  EXPECT_EQ(ReadFile(path), first + "\r\n");
+  WriteCustomerLine(*app_, second);
+  CloseCsvFiles(*app_);
+  EXPECT_EQ(ReadFile(path), first + "\r\n" + second + "\r\n");
 }
 
 }  // namespace
