@@ -7,11 +7,8 @@
 //   SetFieldValue      a UDF write: maxsim's store and the client's record in MXZC.MAX
 // maxsim is found beside this executable.
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -20,34 +17,12 @@
 #include <string>
 #include <vector>
 
+#include "Spawn.h"
 #include "platform/automation/MaximizerAutomation.h"
 #include "platform/ui/Clock.h"
 
-extern char** environ;
-
 namespace tolmen::bench {
 namespace {
-
-// Runs maxsim; its pid, with its stdout on `out` when asked for.
-pid_t Spawn(const std::string& program, std::vector<std::string> args, int* out) {
-  args.insert(args.begin(), program);
-  std::vector<char*> argv;
-  for (std::string& arg : args) argv.push_back(arg.data());
-  argv.push_back(nullptr);
-  int ends[2] = {-1, -1};
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  if (out != nullptr && ::pipe2(ends, O_CLOEXEC) == 0)
-    posix_spawn_file_actions_adddup2(&actions, ends[1], 1);
-  pid_t pid = -1;
-  if (posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), environ) != 0) pid = -1;
-  posix_spawn_file_actions_destroy(&actions);
-  if (out != nullptr) {
-    ::close(ends[1]);
-    *out = ends[0];
-  }
-  return pid;
-}
 
 class Instance {
  public:
@@ -59,14 +34,10 @@ class Instance {
     std::filesystem::create_directories(dir_);
     socket_ = (dir_ / "maximizer.sock").string();
     const std::string db = (dir_ / "db").string();
-    int status = 0;
-    const pid_t init = Spawn(
-        maxsim,
-        {"init", db, "--from", std::string(TOLMEN_SOURCE_DIR) + "/tools/maxsim/samples/demo.json"},
-        nullptr);
-    if (init < 0 || ::waitpid(init, &status, 0) != init || status != 0) return;
+    const std::string sample = std::string(TOLMEN_SOURCE_DIR) + "/tools/maxsim/samples/demo.json";
+    if (Reap(Spawn({maxsim, "init", db, "--from", sample}, nullptr)) != 0) return;
     int out = -1;
-    pid_ = Spawn(maxsim, {"serve", db, "--socket", socket_}, &out);
+    pid_ = Spawn({maxsim, "serve", db, "--socket", socket_}, &out);
     pollfd wait{out, POLLIN, 0};
     char buffer[16];
     ready_ = pid_ > 0 && ::poll(&wait, 1, 10000) == 1 && ::read(out, buffer, sizeof buffer) > 0;
@@ -75,7 +46,7 @@ class Instance {
   ~Instance() {
     if (pid_ > 0) {
       ::kill(pid_, SIGTERM);
-      ::waitpid(pid_, nullptr, 0);
+      Reap(pid_);
     }
     std::error_code ignored;
     std::filesystem::remove_all(dir_, ignored);

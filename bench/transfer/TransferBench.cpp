@@ -12,11 +12,8 @@
 // not grow with N shows; the parent then
 // counts the automation calls in maxsim's journal (up to its 100,000 lines).
 // maxsim is found beside this executable.
-#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -34,6 +31,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "Spawn.h"
 #include "pastel/PastelDataSet.h"
 #include "platform/ui/Clock.h"
 #include "platform/ui/ScriptUi.h"
@@ -43,8 +41,6 @@
 #include "shell/Tolmen.h"
 #include "wizard/ScreenActions.h"
 
-extern char** environ;
-
 namespace tolmen::bench {
 namespace {
 
@@ -53,31 +49,6 @@ using json = nlohmann::json;
 
 fs::path BinFolder() {
   return fs::read_symlink("/proc/self/exe").parent_path();
-}
-
-pid_t Spawn(std::vector<std::string> args, int* out) {
-  std::vector<char*> argv;
-  for (std::string& arg : args) argv.push_back(arg.data());
-  argv.push_back(nullptr);
-  int ends[2] = {-1, -1};
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  if (out != nullptr && ::pipe2(ends, O_CLOEXEC) == 0)
-    posix_spawn_file_actions_adddup2(&actions, ends[1], 1);
-  pid_t pid = -1;
-  if (posix_spawn(&pid, args[0].c_str(), &actions, nullptr, argv.data(), environ) != 0) pid = -1;
-  posix_spawn_file_actions_destroy(&actions);
-  if (out != nullptr) {
-    ::close(ends[1]);
-    *out = ends[0];
-  }
-  return pid;
-}
-
-int Reap(pid_t pid) {
-  int status = 0;
-  if (pid <= 0 || ::waitpid(pid, &status, 0) != pid) return -1;
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 // Reads `fd` until `until` shows (or until its end when `until` is empty).

@@ -59,8 +59,8 @@ void WorkOnClient(Tolmen& app, RunTrap& trap) {
   if (!trap([&] { CreateNewDebtorRecord(app); })) return;
   if (app.client.AccountCode.empty()) return;
   run.CurrentSection = "Check Billing section";
-  // Recurring billing (IsClientDue, DoBilling1) comes with the billing module; until then no run
-  // has RecurringBillingOn.
+  // Whether this client is due and its invoice (IsClientDue, DoBilling1) come with the rest of
+  // the billing module; until then a run with billing on raises no invoice.
   if (run.CasualBillingOn) {
     // The casual rules were once billed here; the routine is kept only to say so.
     app.ui.MsgBox("Sub DoBilling2 is no longer operative!", vbCritical, "Error in Sub DoBilling2");

@@ -95,6 +95,9 @@ struct RecordEngine::Impl {
                 const std::string& value, int64_t seq, int limit);
   int16_t Serve(Handle& h, Call& c, int key, RecordFile::Row& row);
   void SetCurrency(Handle& h, Call& c, int key, int64_t rid, int64_t seq);
+  // After an insert or update on key `key`, the record `written`: the key buffer gets the
+  // record's key value and the position is on the record.
+  void AfterWrite(Handle& h, Call& c, int key);
   int16_t CurrencyKey(Handle& h, Currency& cur);
   int16_t CheckWrite(const Handle& h, const Call& c, bool keyed) const;
 

@@ -158,11 +158,7 @@ int16_t RecordEngine::Impl::Insert(Handle& h, Call& c) {
   int16_t st = Write(
       h.shared, [&](RecordFile& f) { return f.Insert(c.dataBuf.data(), length, key, written); });
   if (st != kStatusOk || key < 0) return st;
-  const KeyModel& km = h.shared->file->Keys()[static_cast<size_t>(key)];
-  if (c.keyBuf.size() < km.length) c.keyBuf.resize(km.length);
-  ExtractKeyValue(km, c.dataBuf.data(), c.keyBuf.data());
-  h.cachedKey.swap(written.key);
-  SetCurrency(h, c, key, written.rid, written.seq);
+  AfterWrite(h, c, key);
   return kStatusOk;
 }
 
@@ -176,12 +172,16 @@ int16_t RecordEngine::Impl::Update(Handle& h, PositionBlock& pb, Call& c) {
     return f.Update(rid, c.dataBuf.data(), length, key, written);
   });
   if (st != kStatusOk || key < 0) return st;
+  AfterWrite(h, c, key);
+  return kStatusOk;
+}
+
+void RecordEngine::Impl::AfterWrite(Handle& h, Call& c, int key) {
   const KeyModel& km = h.shared->file->Keys()[static_cast<size_t>(key)];
   if (c.keyBuf.size() < km.length) c.keyBuf.resize(km.length);
   ExtractKeyValue(km, c.dataBuf.data(), c.keyBuf.data());
   h.cachedKey.swap(written.key);
   SetCurrency(h, c, key, written.rid, written.seq);
-  return kStatusOk;
 }
 
 int16_t RecordEngine::Impl::Delete(Handle& h, PositionBlock& pb, Call& c) {
