@@ -36,10 +36,10 @@
 #include "platform/ui/Clock.h"
 #include "platform/ui/ScriptUi.h"
 #include "runtime/DateTime.h"
+#include "screen/ScreenActions.h"
 #include "shell/AppInfo.h"
 #include "shell/Application.h"
 #include "shell/Tolmen.h"
-#include "wizard/ScreenActions.h"
 
 namespace tolmen::bench {
 namespace {

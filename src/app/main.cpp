@@ -16,11 +16,11 @@
 #include "platform/ui/HeadlessUiFactory.h"
 #include "runtime/Cp1252.h"
 #include "runtime/RuntimeError.h"
+#include "screen/ScreenActions.h"
 #include "shell/AppInfo.h"
 #include "shell/Application.h"
 #include "shell/ProcessEnd.h"
 #include "shell/Tolmen.h"
-#include "wizard/ScreenActions.h"
 
 #ifdef TOLMEN_HAVE_QT
 #include <QApplication>

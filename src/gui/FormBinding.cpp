@@ -25,11 +25,11 @@
 #include <algorithm>
 
 #include "gui/QtText.h"
-#include "wizard/Controls.h"
-#include "wizard/ListControls.h"
-#include "wizard/Menu.h"
-#include "wizard/OptionButton.h"
-#include "wizard/TabControl.h"
+#include "screen/Controls.h"
+#include "screen/ListControls.h"
+#include "screen/Menu.h"
+#include "screen/OptionButton.h"
+#include "screen/TabControl.h"
 
 namespace tolmen {
 

@@ -22,7 +22,7 @@
 #include <functional>
 #include <vector>
 
-#include "wizard/Form.h"
+#include "screen/Form.h"
 
 class QWidget;
 

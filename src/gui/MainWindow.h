@@ -20,7 +20,7 @@
 
 #include "gui/FormBinding.h"
 #include "platform/ui/Ui.h"
-#include "wizard/ScreenModel.h"
+#include "screen/ScreenModel.h"
 
 class QLabel;
 class QTabWidget;

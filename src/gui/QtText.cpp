@@ -1,8 +1,8 @@
 #include "gui/QtText.h"
 
 #include "runtime/Cp1252.h"
-#include "wizard/Control.h"
-#include "wizard/Controls.h"
+#include "screen/Control.h"
+#include "screen/Controls.h"
 
 namespace tolmen {
 

@@ -12,6 +12,8 @@
 #include "platform/ui/Clock.h"
 #include "platform/ui/Ui.h"
 #include "recordio/BtGlobal.h"
+#include "screen/ScreenModel.h"
+#include "screen/WizardState.h"
 #include "shell/AppInfo.h"
 #include "shell/RunLog.h"
 #include "shell/RunStages.h"
@@ -22,8 +24,6 @@
 #include "transfer/ClientState.h"
 #include "transfer/ImportFiles.h"
 #include "transfer/RunState.h"
-#include "wizard/ScreenModel.h"
-#include "wizard/WizardState.h"
 
 namespace tolmen {
 

@@ -7,12 +7,12 @@
 #include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "shell/Tolmen.h"
-#include "templates/TemplateControls.h"
 #include "templates/TemplateFile.h"
 #include "transfer/Categories.h"
 #include "transfer/TransferClients.h"
 #include "wizard/FileMenu.h"
 #include "wizard/TabFlow.h"
+#include "wizard/TemplateControls.h"
 #include "wizard/ViewMenu.h"
 
 namespace tolmen {

@@ -21,7 +21,7 @@
 #include "gui/MainWindow.h"
 #include "gui/QtUi.h"
 #include "platform/ui/Clock.h"
-#include "wizard/ScreenActions.h"
+#include "screen/ScreenActions.h"
 
 namespace tolmen {
 namespace {

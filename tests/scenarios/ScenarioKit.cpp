@@ -18,10 +18,10 @@
 #include "runtime/Cp1252.h"
 #include "runtime/DateTime.h"
 #include "runtime/Strings.h"
+#include "screen/ScreenActions.h"
 #include "shell/AppInfo.h"
 #include "shell/Application.h"
 #include "shell/Tolmen.h"
-#include "wizard/ScreenActions.h"
 
 namespace tolmen::test {
 namespace {

@@ -17,10 +17,10 @@
 #include "platform/ui/ScriptUi.h"
 #include "recordio/BtGlobal.h"
 #include "runtime/DateTime.h"
+#include "screen/ScreenActions.h"
 #include "shell/Application.h"
 #include "shell/ProgressLine.h"
 #include "shell/Tolmen.h"
-#include "wizard/ScreenActions.h"
 
 namespace tolmen::testing {
 

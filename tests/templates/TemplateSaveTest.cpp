@@ -4,7 +4,7 @@
 
 #include "TemplateTestBase.h"
 #include "runtime/RuntimeError.h"
-#include "wizard/ScreenActions.h"
+#include "screen/ScreenActions.h"
 
 namespace tolmen {
 namespace {

@@ -10,8 +10,8 @@
 
 #include "common/TestText.h"
 #include "pastel/PastelTestSet.h"
-#include "templates/TemplateControls.h"
 #include "templates/TemplateFile.h"
+#include "wizard/TemplateControls.h"
 
 namespace tolmen::testing {
 

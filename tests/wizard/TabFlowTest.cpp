@@ -14,8 +14,8 @@
 #include "common/TestText.h"
 #include "pastel/PastelDataSet.h"
 #include "runtime/Strings.h"
+#include "screen/ScreenActions.h"
 #include "shell/Application.h"
-#include "wizard/ScreenActions.h"
 
 namespace tolmen::test {
 namespace {
