@@ -4,7 +4,6 @@
 
 #include "runtime/Conversion.h"
 #include "runtime/DateTime.h"
-#include "shell/Tolmen.h"
 
 namespace tolmen {
 
@@ -27,23 +26,25 @@ bool IsLastWeekdayBillingDay(double date) {
   return billingDate == d;
 }
 
-void IsBillingDay(Tolmen& app) {
-  const MainForm& form = app.screen.frmMain;
-  RunState& run = app.run;
-  const double date = std::floor(run.BillingDate);
-  bool on;
-  if (form.optBillPeriod(0).Value())
-    on = false;
-  else if (form.optBillOn(0).Value())
-    on = true;
-  else if (form.optBillOn(1).Value())
-    on = Day(date + 1) == 1;
-  else if (form.optBillOn(2).Value())
-    on = IsLastWeekdayBillingDay(date);
-  else
-    on = OnOrAfterDay(Day(date), form.txtBillOn.Text());
-  run.RecurringBillingOn = on;
-  run.InvoicingPlanned = on;
+bool IsBillingDay(const RunOptions& options, double billingDate) {
+  const double date = std::floor(billingDate);
+  if (options.BillingPeriod == 0) return false;  // "No Billing"
+  switch (options.BillWhen) {
+    case 0:
+      return true;
+    case 1:
+      return Day(date + 1) == 1;
+    case 2:
+      return IsLastWeekdayBillingDay(date);
+    default:
+      return OnOrAfterDay(Day(date), options.BillOnWhichDay);
+  }
+}
+
+void DecideBillingDay(RunState& run, const RunOptions& options, double now) {
+  if (run.BillingDate < 1) run.BillingDate = std::floor(now);
+  run.RecurringBillingOn = IsBillingDay(options, run.BillingDate);
+  run.InvoicingPlanned = run.RecurringBillingOn;
 }
 
 }  // namespace tolmen

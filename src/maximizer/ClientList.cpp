@@ -81,7 +81,7 @@ bool WaitOneSecond(Tolmen& app) {
   timer.SetEnabled(true);
   do {
     app.ui.Yield();
-    if (app.run.StopRequest != 0) return false;
+    if (app.run.StopRequest != kStopNone) return false;
   } while (timer.Enabled());
   return true;
 }
@@ -100,7 +100,7 @@ void OpenClientList(Tolmen& app) {
   WaitForMaximizer(app);
   maximizer.SetAlarm("Off");
 
-  if (app.run.StopRequest != 0 || app.run.CurrentClientOnly) return;
+  if (app.run.StopRequest != kStopNone || app.run.CurrentClientOnly) return;
   WaitForMaximizer(app);
   maximizer.ActivateWindow("client");
   BusyPointer busy(app);
@@ -110,7 +110,7 @@ void OpenClientList(Tolmen& app) {
     link.Record().ListAll("clients");
   }
   WaitForRecordCount(app);
-  if (app.run.StopRequest == 0) ScrollToTop(app);
+  if (app.run.StopRequest == kStopNone) ScrollToTop(app);
 }
 
 void CloseClientList(Tolmen& app) {

@@ -158,6 +158,7 @@ bool WaitForMaximizer(Tolmen& app) {
 }
 
 bool OpenMaximizerOLE(Tolmen& app) {
+  if (app.stages.OpenMaximizerOLE) return app.stages.OpenMaximizerOLE();
   try {
     return Open(app);
   } catch (const std::exception& failure) {

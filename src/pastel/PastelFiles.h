@@ -23,6 +23,7 @@ class pasTaxParameters;
 class pasDebtor;
 class pasDelivery;
 class pasDcodeFile;
+class ImportLineSink;
 
 class PastelFiles {
  public:
@@ -54,6 +55,10 @@ class PastelFiles {
 
   // Closes the Maximizer client file; ClosePasFiles calls it when it is set.
   std::function<void(Tolmen&)> closeClientFile;
+
+  // Where pasDebtor, pasHisHeader and pasHisDetail send the records they write; set by the run
+  // when it opens its import files. While none is set, a written record goes nowhere.
+  ImportLineSink* lineSink = nullptr;
 
   // ClosePasFiles' guard against re-entry.
   bool closing = false;

@@ -1,8 +1,9 @@
 #include "pastel/pasDebtor.h"
 
+#include "pastel/ImportLineSink.h"
 #include "pastel/PastelFiles.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "shell/Tolmen.h"
-#include "transfer/ImportFiles.h"
 
 namespace tolmen {
 namespace {
@@ -57,9 +58,8 @@ void pasDebtor::DELETE() {
 }
 
 void pasDebtor::WriteLine() {
-  STATUS_ = 0;
-  if (!app_.run.WriteCsv) return;
-  WriteCustomerLine(app_, DebtorCsvLine(*this, app_.pastelFiles.Delivery()));
+  STATUS_ = kStatusOk;
+  if (ImportLineSink* sink = app_.pastelFiles.lineSink) sink->WriteDebtor(*this);
 }
 
 }  // namespace tolmen

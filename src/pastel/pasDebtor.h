@@ -20,8 +20,7 @@ class pasDebtor : public PastelRecord {
   void DELETE();
   void UNLOCK_() { IO(27); }
   void GET_BY_PERCENT() {}
-  // STATUS_ becomes 0; with the run's WriteCsv on, the customer line of this debtor and the open
-  // set's delivery record goes to the run's customer file.
+  // STATUS_ becomes 0, and the debtor goes to the import line sink, when one is set.
   void WriteLine();
 };
 

@@ -1,8 +1,8 @@
 #include "pastel/pasHisDetail.h"
 
+#include "pastel/ImportLineSink.h"
 #include "pastel/PastelFiles.h"
 #include "shell/Tolmen.h"
-#include "transfer/ImportFiles.h"
 
 namespace tolmen {
 namespace {
@@ -34,8 +34,7 @@ constexpr RecordLayout kLayout{kRuns};
 pasHisDetail::pasHisDetail(Tolmen& app) : PastelRecord(app, "clsStk", kRecordLength, 36, kLayout) {}
 
 void pasHisDetail::WriteLine() {
-  if (!app_.run.WriteCsv) return;
-  WriteInvoiceLine(app_, DetailCsvLine(*this));
+  if (ImportLineSink* sink = app_.pastelFiles.lineSink) sink->WriteDetail(*this);
 }
 
 }  // namespace tolmen

@@ -18,8 +18,7 @@ class pasHisDetail : public PastelRecord {
   void UPDATE() { WriteLine(); }
   void DELETE() {}
   void UNLOCK_() { IO(27); }
-  // With the run's WriteCsv on, the import-line writer writes the detail line; with it off
-  // nothing happens. Raises RuntimeError(91) when WriteCsv is on and no writer is set.
+  // The detail goes to the import line sink, when one is set.
   void WriteLine();
 };
 

@@ -1,8 +1,8 @@
 #include "pastel/pasHisHeader.h"
 
+#include "pastel/ImportLineSink.h"
 #include "pastel/PastelFiles.h"
 #include "shell/Tolmen.h"
-#include "transfer/ImportFiles.h"
 
 namespace tolmen {
 namespace {
@@ -33,8 +33,7 @@ pasHisHeader::pasHisHeader(Tolmen& app)
     : PastelRecord(app, "clsHisHeader", kRecordLength, 41, kLayout) {}
 
 void pasHisHeader::WriteLine() {
-  if (!app_.run.WriteCsv) return;
-  WriteInvoiceLine(app_, HeaderCsvLine(*this));
+  if (ImportLineSink* sink = app_.pastelFiles.lineSink) sink->WriteHeader(*this);
 }
 
 }  // namespace tolmen

@@ -17,8 +17,7 @@ class pasHisHeader : public PastelRecord {
   void UPDATE() { WriteLine(); }
   void DELETE() {}
   void UNLOCK_() { IO(27); }
-  // With the run's WriteCsv on, the import-line writer writes the header line; with it off
-  // nothing happens. Raises RuntimeError(91) when WriteCsv is on and no writer is set.
+  // The header goes to the import line sink, when one is set.
   void WriteLine();
 };
 

@@ -7,7 +7,9 @@
 #include "runtime/Strings.h"
 #include "shell/ProcessEnd.h"
 #include "shell/Tolmen.h"
-#include "transfer/Max2Pastel.h"
+#include "templates/SetOptions.h"
+#include "templates/TemplateFile.h"
+#include "transfer/RunStart.h"
 
 namespace tolmen {
 namespace {
@@ -37,24 +39,13 @@ std::string TemplatePath(Tolmen& app, const std::string& name) {
 
 // Step 5: the template's run. False when it could not start.
 bool RunCommandLineTemplate(Tolmen& app, const std::string& path) {
-  RunStages& stages = app.stages;
-  RunState& run = app.run;
-  if (!stages.TemplateOpen || !stages.TemplateOpen(path, false)) return false;
-  if (stages.SetOptions) stages.SetOptions();
-  if (!stages.OpenMaximizerOLE || !stages.OpenMaximizerOLE()) return false;
-  if (!CheckRunOptions(app)) return false;
-
-  if (stages.LoadCategories) stages.LoadCategories();
-  run.EndOfRunNotes.clear();
-  run.MismatchCount = 0;
-  run.ErrorCount = 0;
-  app.screen.frmMain.tabDlg.SetTab(MainForm::kTabTransfer);
-  BeforeRunScreen(app);
-  app.ui.Yield();
-  run.RunMode = 1;
-  run.RunReason = "from Command Line: " + app.shell.CommandLine;
-  DoImport(app);
-  AfterRunScreen(app);
+  if (!TemplateOpen(app, path)) return false;
+  SetOptions(app);
+  RunEntry entry;
+  entry.reason = "from Command Line: " + app.shell.CommandLine;
+  entry.loadCategories = true;
+  entry.showTransferPage = true;
+  if (!StartRun(app, entry)) return false;
   if (app.shell.QuitAfterRun) throw ProcessEnd{"/Q"};
   return true;
 }
@@ -111,7 +102,7 @@ void LoadStartTemplate(Tolmen& app) {
   std::filesystem::current_path(Cp1252ToUtf8(app.info.AppFolder), ignored);
   const std::string path = app.info.AppFolder + kStartTemplate;
   if (!FileExists(path)) return LoadDefaults(app);
-  if (!app.stages.TemplateOpen || !app.stages.TemplateOpen(path, false)) {
+  if (!TemplateOpen(app, path)) {
     LoadDefaults(app);
     app.shell.TemplateLoaded = false;
   }

@@ -1,5 +1,6 @@
 #include "shell/Startup.h"
 
+#include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "runtime/Conversion.h"
 #include "runtime/Format.h"
@@ -160,7 +161,7 @@ void Form_Load(Tolmen& app) {
 void Form_Activate(Tolmen& app) {
   if (app.shell.FirstActivationDone) return;
   try {
-    if (app.stages.OpenMaximizerOLE) app.stages.OpenMaximizerOLE();
+    OpenMaximizerOLE(app);
     app.screen.frmMain.cmdBack.SetEnabled(false);
     ParseCommandLine(app);
     if (app.shell.AutoRunAllowed && app.stages.CheckForAutoRun) app.stages.CheckForAutoRun();

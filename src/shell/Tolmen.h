@@ -48,7 +48,7 @@ class Tolmen {
   ClientState client;  // the client being made a debtor
   RunOptions options;
   BillingState billing;
-  ImportFileHandles importFiles;
+  ImportFileHandles importFiles{run, pastelFiles};
   PastelSetState pastel;
   RunLog log;
   RecordEngine engine;

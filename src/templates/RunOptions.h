@@ -68,9 +68,9 @@ struct RunOptions {
   // "To Max": the links of the "To Maximizer" list, each with its tabs.
   std::vector<std::string> ToMax;
 
-  int16_t BillingPeriod = 0;  // 0 no billing, 1 annually, 2 monthly
-  int16_t BillWhen = 0;       // 0 today .. 3 on or after the day below
-  int32_t BillOnWhichDay = 0;
+  int16_t BillingPeriod = 0;   // 0 no billing, 1 annually, 2 monthly
+  int16_t BillWhen = 0;        // 0 today .. 3 on or after the day below
+  std::string BillOnWhichDay;  // the box's text: a text that is no number compares as text
   UdfOption DateJoined;
   UdfOption DateBilled;
   std::string GLCode;

@@ -32,6 +32,7 @@ std::vector<std::string> ListTexts(const ListControl& list) {
 }  // namespace
 
 void SetOptions(Tolmen& app) {
+  if (app.stages.SetOptions) return app.stages.SetOptions();
   MainForm& form = app.screen.frmMain;
   RunOptions& options = app.options;
 
@@ -92,7 +93,7 @@ void SetOptions(Tolmen& app) {
   options.ToMax = ListTexts(form.lst2MaxLinked);
   options.BillingPeriod = OptionIndex(form.optBillPeriod, 2);
   options.BillWhen = OptionIndex(form.optBillOn, 3);
-  options.BillOnWhichDay = BoxNumber(form.txtBillOn);
+  options.BillOnWhichDay = form.txtBillOn.Text();
   options.GLCode = form.txtGLcode.Text();
   options.VATCode = form.txtVATcode.Text();
   options.COSTCode = form.txtCOSTcode.Text();

@@ -358,6 +358,7 @@ void TemplateOpen(Tolmen& app, const std::string& path, bool parts, bool& ok) {
 }
 
 bool TemplateOpen(Tolmen& app, const std::string& path, bool parts) {
+  if (app.stages.TemplateOpen) return app.stages.TemplateOpen(path, parts);
   bool ok = false;
   TemplateOpen(app, path, parts, ok);
   return ok;

@@ -144,6 +144,7 @@ void WritePrivateFile(const std::string& path, const std::string& bytes) {
 }  // namespace
 
 void TemplateSave(Tolmen& app, const std::string& path) {
+  if (app.stages.TemplateSave) return app.stages.TemplateSave(path);
   WritePrivateFile(path, TemplateWriter(app).Text());
 }
 

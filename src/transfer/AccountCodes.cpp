@@ -41,7 +41,7 @@ void ReportLookupFault(Tolmen& app, std::int16_t status, const std::string& star
       app.ui.MsgBox(text + br + br + "There is an Error on the Pastel Debtors Table." + br +
                         "Please Fix and click Retry, otherwise Abort.",
                     vbAbortRetryIgnore + vbCritical, app.info.AppTitle + ": Fix Fault on Pastel!");
-  if (answer == vbAbort) app.run.StopRequest = 2;
+  if (answer == vbAbort) app.run.StopRequest = kStopCancel;
 }
 
 }  // namespace

@@ -59,6 +59,12 @@ void LoadCategories(Tolmen& app) {
   list.SetListIndex(index >= 0 ? index : 0);
 }
 
+void FillToPastelLists(Tolmen& app) {
+  if (app.stages.FillToPastelLists) return app.stages.FillToPastelLists();
+  LoadCategories(app);
+  app.shell.ToPastelFilled = true;
+}
+
 std::int16_t NextCategoryNumber(const Tolmen& app) {
   return app.client.NextCategoryNumber;
 }

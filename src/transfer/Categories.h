@@ -28,6 +28,10 @@ class Tolmen;
 // REQUIRES: the category file is open.
 void LoadCategories(Tolmen& app);
 
+// Fills the lists of the "To Pastel" page and notes that they are filled (ToPastelFilled): the
+// categories; the UDF boxes come with the UDF catalogue, which OpenMaximizerOLE loads.
+void FillToPastelLists(Tolmen& app);
+
 // The number the "Create New Customer Category" boxes offer.
 std::int16_t NextCategoryNumber(const Tolmen& app);
 

@@ -117,7 +117,7 @@ void DoDebtorInfo(Tolmen& app) {
                            client.AccountCode);
     }
   }
-  if (run.StopRequest == 2) return;
+  if (run.StopRequest == kStopCancel) return;
 
   app.pastelFiles.Debtor().default_(2, client.AccountCode);
   DoDebtorContactInfo(app);
@@ -133,7 +133,7 @@ void CreateNewDebtorRecord(Tolmen& app) {
   Debug(app, 1, "> CreateNewDebtorRecord");
   client.NewRecordFlag = -1;
   DoDebtorInfo(app);
-  if (client.AccountCode.empty() || run.StopRequest == 2) return;
+  if (client.AccountCode.empty() || run.StopRequest == kStopCancel) return;
 
   DoDeliveryInfo(app, true);
   run.CurrentSection = "CreateNewDebtorRecord";
@@ -143,7 +143,7 @@ void CreateNewDebtorRecord(Tolmen& app) {
   const std::int16_t status = debtor.STATUS_;
   if (status != 0) {
     ReportPastelDebtorError(app, status, "Creating Pastel a/c ");
-    if (status == 3) run.StopRequest = 2;
+    if (status == 3) run.StopRequest = kStopCancel;
   } else {
     ++run.DebtorsWritten;
     LogEntry(app, 2, "");

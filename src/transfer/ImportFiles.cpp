@@ -99,6 +99,7 @@ bool OpenCsvFiles(Tolmen& app) {
     std::error_code ignored;
     fs::remove(app.run.InvoiceFileName, ignored);
   }
+  app.pastelFiles.lineSink = &files;
   app.run.CurrentSection.clear();
   return true;
 }
@@ -177,6 +178,18 @@ void WriteCustomerLine(Tolmen& app, const std::string& line) {
 
 void WriteInvoiceLine(Tolmen& app, const std::string& line) {
   WriteTo(app.importFiles.invoice, line);
+}
+
+void ImportFileHandles::WriteDebtor(pasDebtor& debtor) {
+  if (run_.WriteCsv) WriteTo(customer, DebtorCsvLine(debtor, pastelFiles_.Delivery()));
+}
+
+void ImportFileHandles::WriteHeader(pasHisHeader& header) {
+  if (run_.WriteCsv) WriteTo(invoice, HeaderCsvLine(header));
+}
+
+void ImportFileHandles::WriteDetail(pasHisDetail& detail) {
+  if (run_.WriteCsv) WriteTo(invoice, DetailCsvLine(detail));
 }
 
 }  // namespace tolmen

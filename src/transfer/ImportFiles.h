@@ -10,20 +10,39 @@
 
 #include <string>
 
+#include "pastel/ImportLineSink.h"
 #include "transfer/ImportFile.h"
 
 namespace tolmen {
 
 class Tolmen;
+class PastelFiles;
+struct RunState;
 class pasDebtor;
 class pasDelivery;
 class pasHisHeader;
 class pasHisDetail;
 
-// The two open files of a run; closed between runs.
-struct ImportFileHandles {
+// The two files of a run, closed between runs, and the line sink through which the record
+// classes write into them: while the run's WriteCsv is on, a debtor (with the open set's delivery
+// record) becomes a customer line, a header or detail an invoice line; while it is off nothing is
+// written. OpenCsvFiles puts the sink in place.
+class ImportFileHandles final : public ImportLineSink {
+ public:
+  // REQUIRES: both outlive the object.
+  ImportFileHandles(const RunState& run, PastelFiles& pastelFiles)
+      : run_(run), pastelFiles_(pastelFiles) {}
+
   ImportFile customer;
   ImportFile invoice;
+
+  void WriteDebtor(pasDebtor& debtor) override;
+  void WriteHeader(pasHisHeader& header) override;
+  void WriteDetail(pasHisDetail& detail) override;
+
+ private:
+  const RunState& run_;
+  PastelFiles& pastelFiles_;
 };
 
 struct ImportFileNames {
@@ -38,8 +57,8 @@ struct ImportFileNames {
 ImportFileNames NumberImportFiles(const std::string& folder);
 
 // Opens CsvFileName for output, replacing an old file, and InvoiceFileName when the run raises
-// invoices (else deletes that file, passing over errors). A failure asks OK (try again) or Cancel
-// (false).
+// invoices (else deletes that file, passing over errors), and makes the files the record
+// classes' line sink. A failure asks OK (try again) or Cancel (false).
 bool OpenCsvFiles(Tolmen& app);
 // Closes both files when the customer file is open; nothing otherwise.
 void CloseCsvFiles(Tolmen& app);

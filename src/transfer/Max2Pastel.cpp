@@ -3,6 +3,7 @@
 #include <cmath>
 #include <vector>
 
+#include "maximizer/ClientList.h"
 #include "pastel/OpenPastel.h"
 #include "pastel/pasDcodeFile.h"
 #include "recordio/BtGlobal.h"
@@ -13,7 +14,9 @@
 #include "runtime/Trap.h"
 #include "shell/RunLog.h"
 #include "shell/Tolmen.h"
+#include "templates/TemplateFile.h"
 #include "transfer/RunTrap.h"
+#include "transfer/TransferClients.h"
 
 namespace tolmen {
 namespace {
@@ -201,10 +204,10 @@ void DoImport(Tolmen& app) {
     run.BalancesSent = 0;
     run.InvoiceCount = 0;
 
-    if (app.stages.TransferClients) trap([&] { app.stages.TransferClients(); });
+    trap([&] { TransferClients(app); });
     trap([&] { form.optListClients.Set(1); });
     // After a stop the system once offered a second phase; only the stage's name is left.
-    if (run.StopRequest != 0) run.CurrentSection = "Choice to Abort or do 2nd Phase";
+    if (run.StopRequest != kStopNone) run.CurrentSection = "Choice to Abort or do 2nd Phase";
     trap([&] {
       if (app.stages.CloseDocumentFiles && app.stages.CloseDocumentFiles() &&
           app.shell.DebugLevel < 0)
@@ -219,7 +222,7 @@ void DoImport(Tolmen& app) {
       app.ui.AnimationStop();
     });
 
-    if (run.StopRequest == 2) {
+    if (run.StopRequest == kStopCancel) {
       cancelled = true;
       trap([&] { LogEntry(app, 8, "Transfer cancelled at " + Now(app)); });
       trap([&] {
@@ -232,18 +235,16 @@ void DoImport(Tolmen& app) {
 
     trap([&] {
       LogEntry(app, 8,
-               (run.StopRequest == 7 ? std::string("The transfer was stopped at ")
-                                     : app.info.AppName + " Import Completed at ") +
+               (run.StopRequest == kStopEnd ? std::string("The transfer was stopped at ")
+                                            : app.info.AppName + " Import Completed at ") +
                    Now(app));
     });
     LogResults(app, trap);
-    if (run.RunMode == 1) trap([&] { openLog = ResultDialog(app); });
-    if (run.RunMode == 2) trap([&] { openLog = ListDialog(app); });
+    if (run.RunMode == kRunOneTemplate) trap([&] { openLog = ResultDialog(app); });
+    if (run.RunMode == kRunTemplateList) trap([&] { openLog = ListDialog(app); });
     trap([&] { EndTransaction(app); });
-    if (app.stages.TemplateSave) {
-      trap([&] { app.stages.TemplateSave(app.info.AppFolder + kCurrentTemplate); });
-      trap([&] { app.stages.TemplateSave(app.pastel.PastelDataPath + kPastelTemplate); });
-    }
+    trap([&] { TemplateSave(app, app.info.AppFolder + kCurrentTemplate); });
+    trap([&] { TemplateSave(app, app.pastel.PastelDataPath + kPastelTemplate); });
     if (trap.Aborted()) return;
     app.shell.TemplateLoaded = true;
     trap([&] { form.tabDlg.SetTab(MainForm::kTabToMaximizer); });
@@ -260,7 +261,7 @@ void DoImport(Tolmen& app) {
   if (openLog) passOver([&] { app.ui.OpenInEditor(app.log.Path()); });
   passOver([&] { ClosePasFiles(app); });
   run.RunActive = false;
-  if (app.stages.CloseClientList) passOver([&] { app.stages.CloseClientList(); });
+  passOver([&] { CloseClientList(app); });
 
   if (cancelled)
     app.shell.ExitStatus = kExitRunCancelled;

@@ -5,12 +5,13 @@
 #include "runtime/Strings.h"
 #include "shell/Tolmen.h"
 #include "transfer/AccountCodes.h"
+#include "transfer/Categories.h"
 #include "transfer/Max2Pastel.h"
 
 namespace tolmen {
 namespace {
 
-// A check of the chain that may fail: passed when its module is not wired yet.
+// A check of a module not built yet: passed unless a test stands in for it.
 bool Passes(const std::function<bool()>& check) {
   return !check || check();
 }
@@ -21,7 +22,7 @@ bool ToPastelChecks(Tolmen& app) {
   MainForm& form = app.screen.frmMain;
   RunOptions& options = app.options;
   const std::string& br = app.info.LineBreak;
-  if (!app.shell.ToPastelFilled && app.stages.FillToPastelLists) app.stages.FillToPastelLists();
+  if (!app.shell.ToPastelFilled) FillToPastelLists(app);
 
   if ((options.ImportWhichData == 3 || options.ImportWhichData == 4) &&
       options.ImportCriteriaUdf.name.empty()) {
@@ -33,7 +34,8 @@ bool ToPastelChecks(Tolmen& app) {
                   vbOKOnly, "No User Field Specified");
     return false;
   }
-  if (options.CategoryOption == 2 && options.CategoryUdf.name.empty()) {
+  // The category choice as the screen shows it: SetOptions copies it only after these checks.
+  if (form.optCategory.Value() == 2 && options.CategoryUdf.name.empty()) {
     app.ui.MsgBox("No Category Selected!" + br +
                       "Please go back to 'To Pastel' tab and select the correct Category in "
                       "'Use/Create Category from UDF'.",

@@ -40,7 +40,7 @@ void AfterRunScreen(Tolmen& app) {
   app.ui.AnimationStop();
   app.ui.AnimationClose();
   SwitchRunScreen(app, false);
-  app.run.StopRequest = 0;
+  app.run.StopRequest = kStopNone;
   app.run.Unattended = false;
 }
 
@@ -53,9 +53,9 @@ void Abort_Click(Tolmen& app, const std::string& text) {
       "You clicked " + text + " [Pause...]." + run.TaskTitle + "?" + br +
           "Click 'Yes' to carry on" + br + "Click 'No' to end the transfer after this customer",
       vbYesNoCancel + vbQuestion, app.info.AppName + " Transfer Paused");
-  run.StopRequest = static_cast<int16_t>(answer);
+  run.StopRequest = static_cast<StopKind>(answer);
   if (answer == vbYes) {
-    run.StopRequest = 0;
+    run.StopRequest = kStopNone;
     app.ui.AnimationPlay();
   }
 }

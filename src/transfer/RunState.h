@@ -8,11 +8,19 @@
 
 namespace tolmen {
 
+// What a stop asked the run to do. The values are the pause dialog's answers: Cancel (2) throws
+// the run away, No (7) ends it after the client in hand; Yes (6) is turned back into kStopNone.
+enum StopKind : int16_t { kStopNone = 0, kStopCancel = 2, kStopEnd = 7 };
+
+// Which final message a run gives: the result of one template, or the dialog at the end of a
+// timer run over a list of more than one template.
+enum RunModeKind : int16_t { kRunModeNone = 0, kRunOneTemplate = 1, kRunTemplateList = 2 };
+
 struct RunState {
-  int16_t StopRequest = 0;  // 0 go on, 2 after Cancel, 7 after End
+  StopKind StopRequest = kStopNone;
   bool RunActive = false;
   bool Unattended = false;
-  int16_t RunMode = 0;  // 1 one template, 2 a timer run over a list
+  RunModeKind RunMode = kRunModeNone;
   int16_t TemplatesDone = 0;
   bool ShowFinalMessage = true;
   std::string RunReason;

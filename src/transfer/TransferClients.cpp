@@ -107,6 +107,7 @@ bool RecordSelected(Tolmen& app) {
 }
 
 void TransferClients(Tolmen& app) {
+  if (app.stages.TransferClients) return app.stages.TransferClients();
   RunState& run = app.run;
   MainForm& form = app.screen.frmMain;
   MaximizerLink& link = app.maximizer;
@@ -128,7 +129,7 @@ void TransferClients(Tolmen& app) {
   // ends the pass; Abort at an error goes straight to the end of the pass and leaves the
   // transaction to DoImport.
   bool started = trap([&] { OpenClientList(app); });
-  if (started && run.StopRequest != 0) {
+  if (started && run.StopRequest != kStopNone) {
     AbortTransaction(app);
     started = false;
   }
@@ -189,8 +190,8 @@ void TransferClients(Tolmen& app) {
         break;
       }
       run.CurrentSection = "End Main Loop: Got Next Client";
-      if (run.StopRequest == 7) break;
-      if (run.StopRequest == 2) {
+      if (run.StopRequest == kStopEnd) break;
+      if (run.StopRequest == kStopCancel) {
         list.STATUS_ = 9;
         AbortTransaction(app);
       }

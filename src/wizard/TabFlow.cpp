@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "billing/BillingDay.h"
 #include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "runtime/DateTime.h"
@@ -13,8 +12,10 @@
 #include "shell/Busy.h"
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
+#include "transfer/Categories.h"
 #include "transfer/ImportFiles.h"
 #include "transfer/Max2Pastel.h"
+#include "transfer/RunStart.h"
 
 namespace tolmen {
 
@@ -22,8 +23,7 @@ namespace {
 
 constexpr int kLastTab = MainForm::kTabTransfer;
 
-// OpenMaximizerOLE through the run's stage, which the form wiring fills with it: the one switch
-// by which a test of the start-up alone stands in for Maximizer.
+// OpenMaximizerOLE, or a test's stand-in for it.
 bool OpenMaximizer(Tolmen& app) {
   return app.stages.OpenMaximizerOLE ? app.stages.OpenMaximizerOLE() : OpenMaximizerOLE(app);
 }
@@ -59,10 +59,7 @@ bool LeavePage(Tolmen& app, int tab) {
       SetOptions(app);
       return DatabaseChangeWarning(app);
     case MainForm::kTabToMaximizer:
-      return OpenMaximizer(app) && (!app.stages.IsPas2MaxOK || app.stages.IsPas2MaxOK());
     case MainForm::kTabRecurringBilling:
-      return OpenMaximizer(app) &&
-             (!app.stages.CheckRecurringBilling || app.stages.CheckRecurringBilling());
     case MainForm::kTabCasualBilling:
       return OpenMaximizer(app);
     case MainForm::kTabTransfer:
@@ -75,10 +72,11 @@ bool LeavePage(Tolmen& app, int tab) {
   }
 }
 
-// The confirmation of the Import entry, each part on lines of its own.
+// The confirmation of the Import entry, each part on lines of its own. The billing decision has
+// been made for the billing date.
 std::string ConfirmationText(Tolmen& app) {
   std::vector<std::string> lines;
-  RunState& run = app.run;
+  const RunState& run = app.run;
   if (run.WriteCsv) {
     if (EntireDatabase(app)) {
       app.ui.Beep();
@@ -95,19 +93,31 @@ std::string ConfirmationText(Tolmen& app) {
   } else {
     lines.push_back("Debtors will NOT be written to file for importing into Pastel.");
   }
-  // Before the invoice line: the mismatch summary is off for this run, "Pattern Matching" is
-  // cleared, the billing date is today unless one was chosen, and billing decides whether that
-  // date is a billing day.
-  run.MismatchSummaryOn = false;
-  app.options.PatternMatching = false;
-  if (run.BillingDate < 1) run.BillingDate = std::floor(app.clock.Now());
-  IsBillingDay(app);
   if (run.RecurringBillingOn)
     lines.push_back("New Invoices will be written to file " + run.InvoiceFileName);
   if (app.screen.frmMain.mnuOptnMax2Pas.Checked())
     lines.assign(1, "Update from Pastel to Maximizer only.");
   lines.push_back("Click 'Yes' if you are sure you want to continue.");
   return Join(lines, app.info.LineBreak);
+}
+
+// The Import entry's own step before the run: the import files numbered, the mismatch summary
+// and "Pattern Matching" off for this run, and the question (taken as Yes in an unattended run).
+bool ConfirmImport(Tolmen& app) {
+  RunState& run = app.run;
+  const ImportFileNames names = NumberImportFiles(app.pastel.PastelDataPath);
+  run.CsvFileName = names.customer;
+  run.InvoiceFileName = names.invoice;
+  run.WriteCsv = app.screen.frmMain.chkWritePasFile.Value() == 1;
+  run.MismatchSummaryOn = false;
+  app.options.PatternMatching = false;
+  const std::string text = ConfirmationText(app);
+
+  const double now = app.clock.Now();
+  std::string title = "Confirm Import - " + FormatDate(now, "hh:mm d mmmm yyyy");
+  if (run.BillingDate != std::floor(now))
+    title += " - Recurring Billing " + FormatDate(run.BillingDate, "d mmm yyyy");
+  return run.Unattended || app.ui.MsgBox(text, vbYesNo + vbQuestion, title) == vbYes;
 }
 
 }  // namespace
@@ -143,7 +153,7 @@ void tabDlg_Click(Tolmen& app) {
   form.cmdNext.SetCaption("&Next >>");
   switch (tab) {
     case MainForm::kTabToPastel:
-      if (app.stages.LoadCategories) app.stages.LoadCategories();
+      LoadCategories(app);
       FillToPastelLists(app);
       DatabaseChangeWarning(app);
       break;
@@ -178,35 +188,12 @@ void cmdSave_Click(Tolmen& app) {
 }
 
 void ImportEntry(Tolmen& app) {
-  RunState& run = app.run;
-  if (!OpenMaximizer(app)) return;
-  SetOptions(app);
-  if (!CheckRunOptions(app)) return;
-  run.EndOfRunNotes.clear();
-  run.MismatchCount = 0;
-  run.ErrorCount = 0;
-  const ImportFileNames names = NumberImportFiles(app.pastel.PastelDataPath);
-  run.CsvFileName = names.customer;
-  run.InvoiceFileName = names.invoice;
-  run.WriteCsv = app.screen.frmMain.chkWritePasFile.Value() == 1;
-  const std::string text = ConfirmationText(app);
-
-  const double now = app.clock.Now();
-  std::string title = "Confirm Import - " + FormatDate(now, "hh:mm d mmmm yyyy");
-  if (run.BillingDate != std::floor(now))
-    title += " - Recurring Billing " + FormatDate(run.BillingDate, "d mmm yyyy");
-  if (!run.Unattended && app.ui.MsgBox(text, vbYesNo + vbQuestion, title) != vbYes) return;
-  run.StopRequest = 0;
-  BeforeRunScreen(app);
-  run.RunMode = 1;
-  run.RunReason = "by User.";
-  DoImport(app);
-  AfterRunScreen(app);
-}
-
-void FillToPastelLists(Tolmen& app) {
-  if (app.stages.FillToPastelLists) app.stages.FillToPastelLists();
-  app.shell.ToPastelFilled = true;
+  RunEntry entry;
+  entry.reason = "by User.";
+  entry.copyScreen = true;
+  entry.decideBillingDay = true;
+  entry.confirm = [&app] { return ConfirmImport(app); };
+  StartRun(app, entry);
 }
 
 void RefillAddressBoxes(Tolmen& app) {

@@ -22,9 +22,6 @@ void cmdSave_Click(Tolmen& app);
 // Next on the Transfer page: the Import entry, from the checks to the run and back.
 void ImportEntry(Tolmen& app);
 
-// Fills the lists of the "To Pastel" page (the category list among them) and notes that they
-// were filled.
-void FillToPastelLists(Tolmen& app);
 // The address boxes with "", "<Selected>", "<First Alternate>" and "*Main Address".
 void RefillAddressBoxes(Tolmen& app);
 

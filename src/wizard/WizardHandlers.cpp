@@ -2,14 +2,11 @@
 
 #include <array>
 
-#include "maximizer/ClientList.h"
 #include "maximizer/MaximizerControls.h"
 #include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
-#include "transfer/Categories.h"
-#include "transfer/TransferClients.h"
 #include "wizard/FileMenu.h"
 #include "wizard/TabFlow.h"
 #include "wizard/TemplateControls.h"
@@ -30,31 +27,8 @@ void cmdHelp_Click(Tolmen& app) {
   app.ui.ShowHelp(app.info.HelpFile, kPages[static_cast<size_t>(tab)]);
 }
 
-void WireStages(Tolmen& app) {
-  RunStages& stages = app.stages;
-  // A stage somebody has filled already (a test's stand-in) is kept.
-  const auto fill = [](auto& stage, auto routine) {
-    if (!stage) stage = routine;
-  };
-  fill(stages.OpenMaximizerOLE, [&app] { return OpenMaximizerOLE(app); });
-  fill(stages.CloseClientList, [&app] { CloseClientList(app); });
-  fill(stages.TemplateOpen,
-       [&app](const std::string& path, bool parts) { return TemplateOpen(app, path, parts); });
-  fill(stages.TemplateSave, [&app](const std::string& path) { TemplateSave(app, path); });
-  fill(stages.SetOptions, [&app] { SetOptions(app); });
-  fill(stages.LoadCategories, [&app] { LoadCategories(app); });
-  // The "To Pastel" page's lists: the categories; the UDF boxes come with the UDF catalogue,
-  // which OpenMaximizerOLE loads.
-  fill(stages.FillToPastelLists, [&app] {
-    LoadCategories(app);
-    app.shell.ToPastelFilled = true;
-  });
-  fill(stages.TransferClients, [&app] { TransferClients(app); });
-}
-
 void WireMainForm(Tolmen& app) {
   MainForm& form = app.screen.frmMain;
-  WireStages(app);
   WireTemplateControls(app);
   WireMaximizerControls(app);
   form.cmdHelp.SetOnClick([&app] { cmdHelp_Click(app); });

@@ -1,42 +1,24 @@
 // Whether a run's billing date is a billing day, for each "Bill When" choice.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "billing/BillingDay.h"
-#include "common/TempDir.h"
-#include "platform/ui/ScriptUi.h"
 #include "runtime/DateTime.h"
-#include "shell/Tolmen.h"
 
 namespace tolmen {
 namespace {
 
 TEST(IsBillingDay, FollowsThePeriodAndTheBillWhenChoice) {
-  test::TempDir home;
-  VirtualClock clock(DateSerial(2026, 11, 23));
-  std::ostringstream transcript;
-  ScriptUi ui({}, &transcript, clock, "Tolmen");
-  Tolmen app(MakeAppInfo(home.Path().string() + "/", "1.0.0"), ui, clock,
-             home.File("settings.ini"));
-  MainForm& form = app.screen.frmMain;
-  // A new wizard does not bill.
-  app.run.BillingDate = DateSerial(2026, 11, 23);
-  app.run.InvoicingPlanned = true;
-  IsBillingDay(app);
-  EXPECT_FALSE(app.run.RecurringBillingOn);
-  EXPECT_FALSE(app.run.InvoicingPlanned);
-
   struct Case {
     int period;
-    int billWhen;
-    const char* day;  // txtBillOn
+    int billWhen;     // 4: no "Bill When" button is on
+    const char* day;  // "Bill on Which day", the box's text
     double date;
     bool billingDay;
   } cases[] = {
       {0, 0, "1", DateSerial(2026, 11, 23), false},  // "No Billing" outweighs "Today"
       {2, 0, "1", DateSerial(2026, 11, 23), true},
       {1, 0, "1", DateSerial(2026, 11, 23), true},
+      {3, 0, "1", DateSerial(2026, 11, 23), true},  // no period button on is not "No Billing"
       // "Last Day of Month"
       {2, 1, "1", DateSerial(2026, 11, 30), true},
       {2, 1, "1", DateSerial(2026, 11, 29), false},
@@ -57,6 +39,7 @@ TEST(IsBillingDay, FollowsThePeriodAndTheBillWhenChoice) {
       {2, 3, "15", DateSerial(2026, 11, 30), true},
       {2, 3, "31", DateSerial(2026, 11, 30), false},  // never in a month of 30 days
       {2, 3, " 7 ", DateSerial(2026, 11, 7), true},
+      {2, 4, "15", DateSerial(2026, 11, 15), true},  // no choice counts as a specific day
       // Not a number: the day's digits against the text, as text.
       {2, 3, "abc", DateSerial(2026, 11, 30), false},
       {2, 3, "3rd", DateSerial(2026, 11, 4), true},
@@ -64,15 +47,31 @@ TEST(IsBillingDay, FollowsThePeriodAndTheBillWhenChoice) {
       {2, 3, "3rd", DateSerial(2026, 11, 25), false},
   };
   for (const Case& c : cases) {
-    form.optBillPeriod.Set(c.period);
-    form.optBillOn.Set(c.billWhen);
-    form.txtBillOn.SetText(c.day);
-    app.run.BillingDate = c.date;
-    IsBillingDay(app);
-    EXPECT_EQ(app.run.RecurringBillingOn, c.billingDay)
+    RunOptions options;
+    options.BillingPeriod = static_cast<int16_t>(c.period);
+    options.BillWhen = static_cast<int16_t>(c.billWhen);
+    options.BillOnWhichDay = c.day;
+    EXPECT_EQ(IsBillingDay(options, c.date + 0.75), c.billingDay)
         << DateText(c.date) << " period " << c.period << " when " << c.billWhen;
-    EXPECT_EQ(app.run.InvoicingPlanned, c.billingDay);
   }
+}
+
+TEST(IsBillingDay, TheRunDecidesForItsBillingDateOrToday) {
+  RunOptions options;  // a new wizard does not bill
+  RunState run;
+  run.InvoicingPlanned = true;
+  DecideBillingDay(run, options, DateSerial(2026, 11, 23) + 0.5);
+  EXPECT_EQ(run.BillingDate, DateSerial(2026, 11, 23));
+  EXPECT_FALSE(run.RecurringBillingOn);
+  EXPECT_FALSE(run.InvoicingPlanned);
+
+  options.BillingPeriod = 2;
+  options.BillWhen = 1;  // "Last Day of Month": a chosen date stands
+  run.BillingDate = DateSerial(2026, 11, 30);
+  DecideBillingDay(run, options, DateSerial(2026, 11, 23));
+  EXPECT_EQ(run.BillingDate, DateSerial(2026, 11, 30));
+  EXPECT_TRUE(run.RecurringBillingOn);
+  EXPECT_TRUE(run.InvoicingPlanned);
 }
 
 }  // namespace

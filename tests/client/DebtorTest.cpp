@@ -137,7 +137,7 @@ TEST_F(DebtorTest, AShortCodeIsKeptAndACancelledPromptSkipsTheClient) {
   CreateNewDebtorRecord(*app_);
   EXPECT_EQ(app_->client.AccountCode, "");
   EXPECT_EQ(app_->client.NewRecordFlag, -1);
-  EXPECT_EQ(app_->run.StopRequest, 0);
+  EXPECT_EQ(app_->run.StopRequest, kStopNone);
   EXPECT_EQ(Written(),
             CustomerLine("ABC   ", "Bravo Ltd", kNoLines, "", "", "", kNoLines, 2, "", ""));
   EXPECT_EQ(app_->run.DebtorsWritten, 1);

@@ -47,7 +47,7 @@ TEST_F(NewCodeTest, ProposesTheCodeAfterTheHighestOfItsPrefix) {
   ASSERT_NO_FATAL_FAILURE(Open(std::vector<std::string>(std::size(cases), "OK")));
   for (const Case& c : cases) EXPECT_EQ(Propose(c.prefix, c.suffix, c.name), c.proposed) << c.name;
   EXPECT_EQ(app_->run.ErrorCount, 0);
-  EXPECT_EQ(app_->run.StopRequest, 0);
+  EXPECT_EQ(app_->run.StopRequest, kStopNone);
 }
 
 TEST_F(NewCodeTest, TheUsersAnswerIsTakenAsItStands) {

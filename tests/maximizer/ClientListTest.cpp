@@ -136,7 +136,7 @@ TEST_F(ClientListTest, AStopDuringTheWaitsGoesNoFurther) {
   app_->options.ListAll = true;
   int yields = 0;
   ui_->beforeYield = [&] {
-    if (++yields == 3) app_->run.StopRequest = 2;  // the user cancels during the count
+    if (++yields == 3) app_->run.StopRequest = kStopCancel;  // the user cancels during the count
   };
   const double start = clock_.Now();
   OpenClientList(*app_);

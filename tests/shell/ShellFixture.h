@@ -95,8 +95,8 @@ class ShellFixture : public ::testing::Test {
         UpdateProgressLine(app, static_cast<double>(n));
         app.ui.Yield(n);
         ++clientsDone_;
-        if (run.StopRequest == 7) break;
-        if (run.StopRequest == 2) {
+        if (run.StopRequest == kStopEnd) break;
+        if (run.StopRequest == kStopCancel) {
           AbortTransaction(app);
           break;
         }

@@ -30,7 +30,7 @@ class Max2PastelCategoryTest : public PastelSetTest {
     form.txtCategory(0).SetText("Members");
     form.txtCategory(1).SetText("41");
     app_->options.CreateCategory = true;
-    app_->run.RunMode = 1;
+    app_->run.RunMode = kRunOneTemplate;
     app_->run.RunReason = "by User.";
   }
   // The categories of the file, "<n> text" each, read afresh.

@@ -8,6 +8,7 @@
 #include "shell/RunLog.h"
 #include "shell/ShellFixture.h"
 #include "transfer/AccountCodes.h"
+#include "transfer/RunStart.h"
 
 namespace tolmen::testing {
 namespace {
@@ -23,16 +24,12 @@ class Max2PastelTest : public ShellFixture {
     MainForm& form = app_->screen.frmMain;
     form.optImport.Set(0);
     form.cmdAbort.SetOnClick([this] { cmdAbort_Click(*app_); });
+    app_->shell.ToPastelFilled = true;
     form.cmdNext.SetOnClick([this] {
-      Tolmen& app = *app_;
-      app.run.EndOfRunNotes.clear();
-      app.run.MismatchCount = 0;
-      app.run.ErrorCount = 0;
-      app.run.RunMode = 1;
-      app.run.RunReason = "by User.";
-      BeforeRunScreen(app);
-      DoImport(app);
-      AfterRunScreen(app);
+      RunEntry entry;
+      entry.reason = "by User.";
+      entry.copyScreen = true;
+      StartRun(*app_, entry);
     });
     form.Show();
   }
@@ -98,7 +95,7 @@ TEST_F(Max2PastelTest, EndAtTheFirstClientKeepsTheResultDialog) {
                        "\r\nThe transfer was stopped at 15 Jun 2024 12:01\r\n"
                        "1 Pastel Debtors (0 new) were written to file \r\n"));
   EXPECT_EQ(saved_.size(), 2u);
-  EXPECT_EQ(app_->run.StopRequest, 0);  // cleared again after the run
+  EXPECT_EQ(app_->run.StopRequest, kStopNone);  // cleared again after the run
   const std::string progress = app_->screen.frmMain.lblProgress(2).Caption();
   const std::string shown =
       "Started: 12:00 \xB7 Elapsed: 00:01 \xB7 Est. Finish: 12:03 \xB7 Progress: 33% \xB7 ";
@@ -208,7 +205,7 @@ TEST_F(Max2PastelTest, TemplateListShowsItsDialogAfterTheLastTemplate) {
   Prepare({"Yes"}, 1);
   app_->screen.frmOptions.lstTemplates.AddItem("/t/a.ktf");
   app_->screen.frmOptions.lstTemplates.AddItem("/t/b.ktf");
-  app_->run.RunMode = 2;
+  app_->run.RunMode = kRunTemplateList;
   app_->run.TemplatesDone = 0;
   DoImport(*app_);
   EXPECT_EQ(Transcript(), "");
@@ -228,6 +225,8 @@ TEST_F(Max2PastelTest, CheckRunOptionsStopsAtTheFirstFailure) {
   Start({});
   RunOptions& options = app_->options;
   MainForm& form = app_->screen.frmMain;
+  int filled = 0;
+  app_->stages.FillToPastelLists = [&] { ++filled; };
   // No account number UDF.
   EXPECT_FALSE(CheckRunOptions(*app_));
   EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabToPastel);
@@ -244,7 +243,7 @@ TEST_F(Max2PastelTest, CheckRunOptionsStopsAtTheFirstFailure) {
                        "Please select which UDF is to be used as the Import "
                        "Criteria\n"));
   options.ImportWhichData = 1;
-  options.CategoryOption = 2;
+  form.optCategory.Set(2);  // on the screen: SetOptions has not copied it yet
   EXPECT_FALSE(CheckRunOptions(*app_));
   EXPECT_TRUE(Contains(Transcript(),
                        "== MsgBox | Importing To Pastel | OK | None\n"
@@ -252,8 +251,6 @@ TEST_F(Max2PastelTest, CheckRunOptionsStopsAtTheFirstFailure) {
   options.CategoryUdf.name = "Member Type";
 
   // The later checks, each sending the wizard to its own tab.
-  int filled = 0;
-  app_->stages.FillToPastelLists = [&] { ++filled; };
   bool links = false, recurring = false, casual = false;
   app_->stages.IsPas2MaxOK = [&] { return links; };
   app_->stages.CheckRecurringBilling = [&] { return recurring; };
@@ -273,10 +270,10 @@ TEST_F(Max2PastelTest, CheckRunOptionsStopsAtTheFirstFailure) {
   EXPECT_TRUE(CheckRunOptions(*app_));
   EXPECT_EQ(form.tabDlg.Tab(), 0);
   EXPECT_EQ(options.PostalAddress, "<Selected>");
-  EXPECT_EQ(filled, 4);  // the lists are filled while ToPastelFilled is not set
+  EXPECT_EQ(filled, 6);  // the lists are filled while ToPastelFilled is not set
   app_->shell.ToPastelFilled = true;
   EXPECT_TRUE(CheckRunOptions(*app_));
-  EXPECT_EQ(filled, 4);
+  EXPECT_EQ(filled, 6);
 }
 
 // The size boxes' own check and the check before a run repair the suffix box alike, silently; the

@@ -125,6 +125,17 @@ TEST_F(TabFlowTest, HiddenPagesAreSkippedAndAPageThatGoesWhileShowingIsLeftFirst
   EXPECT_TRUE(form.cmdBack.Enabled());
 }
 
+// Next on the "To Pastel" page checks the choices as the screen shows them, before SetOptions has
+// copied them: a category from a UDF that names none stops there.
+TEST_F(TabFlowTest, NextOnToPastelChecksTheCategoryChoiceOnTheScreen) {
+  ServeSmallBook();
+  Play({"@set Dir1 " + Pastel(), "@click cmdNext", "@click optImport 0", "@click optCategory 2",
+        "@click cmdNext"});
+  EXPECT_THAT(Transcript(), HasSubstr("@ click cmdNext\n== MsgBox | Importing To Pastel | OK | "
+                                      "None\nNo Category Selected!\n"));
+  EXPECT_EQ(window_->pages.back(), MainForm::kTabToPastel);
+}
+
 TEST_F(TabFlowTest, AFailedPastelOpenOnTheFirstPageStillAsksForMaximizer) {
   fs::create_directories(dir_.File("empty"));
   // No maxsim: the start and the Next each meet "Maximizer Required!".
