@@ -73,8 +73,9 @@ sqlite3* OpenRaw(const Setup& s, const std::string& path) {
   sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   const std::string pragmas = fmt::format(
       "PRAGMA cache_size=-{}; PRAGMA mmap_size={}; "
-      "PRAGMA journal_mode={};",
-      s.options.cacheKiB, s.options.mmapBytes, JournalName(s.options.journal));
+      "PRAGMA journal_mode={}; PRAGMA synchronous={};",
+      s.options.cacheKiB, s.options.mmapBytes, JournalName(s.options.journal),
+      SynchronousName(s.options.journal));
   sqlite3_exec(db, pragmas.c_str(), nullptr, nullptr, nullptr);
   return db;
 }

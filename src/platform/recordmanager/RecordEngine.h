@@ -51,8 +51,9 @@
 // first write: BEGIN IMMEDIATE on its connection. End commits the files one after another, Abort
 // rolls them all back. SQLite's journal keeps each file whole through a crash at any moment,
 // before or after its own commit; a crash in the middle of End can leave one file committed and
-// another not. Stop (25) and Reset (28) roll back and close every file, as does destroying the
-// engine.
+// another not, and a power cut may lose the last commits (WAL with synchronous=NORMAL,
+// EngineOptions.h). Stop (25) and Reset (28) roll back and close every file, as does destroying
+// the engine.
 //
 // Other processes may read the files at any time: between calls no statement is open. Get Next
 // and Previous read ahead a window of rows (8, doubling up to EngineOptions::windowRows) from one

@@ -66,7 +66,9 @@ std::string SchemaSql(const FileStat& stats, const std::vector<KeyModel>& keys,
   std::string sql = "PRAGMA page_size=4096; PRAGMA application_id=";
   sql += kApplicationId;
   sql += "; PRAGMA journal_mode=";
-  sql += journal == EngineOptions::Journal::Wal ? "WAL" : "OFF";
+  // A new file is built beside its place and synced before it is renamed into it, so its own
+  // journal only needs to serve the statements below.
+  sql += journal == EngineOptions::Journal::Wal ? "WAL; PRAGMA synchronous=NORMAL" : "OFF";
   sql +=
       ";\nBEGIN;\n"
       "CREATE TABLE tolmen_file(id INTEGER PRIMARY KEY CHECK (id = 1), format TEXT NOT NULL, "
@@ -227,6 +229,14 @@ int16_t RecordFile::Open(const std::string& path, const EngineOptions& options,
   if (qrc != SQLITE_ROW) return StatusFromSqlite(qrc);
   if (::stat(path.c_str(), &st) != 0) return kStatusIoError;
   if (!wal && st.st_size < expected) return kStatusIoError;
+  // The durability follows the journal the file has now: a file that another process keeps in
+  // WAL stays in WAL whatever the options asked for (EngineOptions.h).
+  if (writable) {
+    const std::string sync = std::string("PRAGMA synchronous=") +
+                             SynchronousName(wal ? EngineOptions::Journal::Wal : options.journal);
+    if (int16_t s = StatusFromSqlite(sqlite3_exec(f->db_, sync.c_str(), nullptr, nullptr, nullptr)))
+      return s;
+  }
   file = std::move(f);
   return kStatusOk;
 }
