@@ -15,10 +15,13 @@ namespace tolmen {
 namespace {
 
 // The folder the log belongs in now: the Pastel data folder once one is known.
+std::string FolderNow(const Tolmen& app) {
+  return app.pastel.PastelDataPath.empty() ? app.info.AppFolder : app.pastel.PastelDataPath;
+}
+
 void ChooseFolder(Tolmen& app) {
   if (app.log.FolderFixed() || app.log.IsOpen()) return;
-  app.log.SetFolder(app.pastel.PastelDataPath.empty() ? app.info.AppFolder
-                                                      : app.pastel.PastelDataPath);
+  app.log.SetFolder(FolderNow(app));
 }
 
 std::string Account(Tolmen& app) {
@@ -113,6 +116,11 @@ void RunLog::Rotate(int32_t limitKb) {
   const std::string old = folder_ + kOldFileName;
   std::filesystem::remove(old, ec);
   std::filesystem::rename(Path(), old, ec);
+}
+
+std::string LogFilePath(const Tolmen& app) {
+  if (app.log.FolderFixed() || app.log.IsOpen()) return app.log.Path();
+  return FolderNow(app) + RunLog::kFileName;
 }
 
 void LogEntry(Tolmen& app, int16_t kind, const std::string& text) {

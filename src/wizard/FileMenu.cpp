@@ -7,6 +7,7 @@
 #include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
 #include "shell/Registry.h"
+#include "shell/RunLog.h"
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
 
@@ -102,10 +103,12 @@ void mnuFile_Click(Tolmen& app, int index) {
       if (app.ui.FileDialog(TemplateDialog(app, true), path)) TemplateSave(app, path);
       break;
     }
-    case 20:
-      if (!app.ui.OpenInEditor(app.log.Path()))
-        app.ui.MsgBox(ErrorText(53) + ": " + app.log.Path(), vbExclamation, app.info.AppTitle);
+    case 20: {
+      const std::string log = LogFilePath(app);
+      if (!app.ui.OpenInEditor(log))
+        app.ui.MsgBox(ErrorText(53) + ": " + log, vbExclamation, app.info.AppTitle);
       break;
+    }
     case 21:
       LimitLogFileSize(app);
       break;
