@@ -6,6 +6,7 @@
 #include "runtime/Conversion.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 #include "shell/Registry.h"
 #include "shell/RunLog.h"
 #include "shell/Tolmen.h"
@@ -72,16 +73,17 @@ std::string ExecutablePath() {
 bool SetStartupShortcut(Tolmen& app, int create) {
   const std::string folder = ReadRegistryValue(HKEY_CURRENT_USER, kShellFoldersKey, "Startup");
   if (folder.empty()) return false;
-  const fs::path entry = fs::path(folder) / kStartupEntryName;
+  const fs::path entry = fs::path(SystemPath(folder)) / kStartupEntryName;
   std::error_code error;
   if (create != 1) {
     // Any entry of that name, whatever the case of its letters.
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
+    for (fs::directory_iterator it(entry.parent_path(), error), end; !error && it != end;
+         it.increment(error))
       if (EqualsNoCase(it->path().filename().string(), kStartupEntryName))
         fs::remove(it->path(), error);
     return !StartupEntryPresent();
   }
-  fs::create_directories(folder, error);
+  fs::create_directories(entry.parent_path(), error);
   std::ofstream out(entry, std::ios::trunc);
   out << "[Desktop Entry]\nType=Application\nName=" << app.info.AppName << "\nExec=\""
       << ExecutablePath() << "\"\nX-GNOME-Autostart-enabled=true\n";
