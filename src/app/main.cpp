@@ -5,8 +5,8 @@
 // blanks, read by the start as it always was (see shell/CommandLine.h).
 //
 // Exit status: 0 where the system ends the process; 1 when the last run counted errors, 2 when a
-// run could not start (or the front-end or the program's folder could not be had), 3 when the
-// last run was cancelled.
+// run could not start (or the front-end or the program's folder could not be had, or a path
+// Windows-1252 cannot hold was given), 3 when the last run was cancelled.
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -16,6 +16,7 @@
 #include "platform/ui/HeadlessUiFactory.h"
 #include "runtime/Cp1252.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/SystemPath.h"
 #include "screen/ScreenActions.h"
 #include "shell/AppInfo.h"
 #include "shell/Application.h"
@@ -48,21 +49,30 @@ std::string ChooseFrontEnd() {
   return "console";
 }
 
+// The arguments arrive as UTF-8; the command line is Windows-1252 text like every other. Throws
+// RuntimeError 52 when an argument (a template's path) holds a character Windows-1252 cannot.
 std::string JoinArguments(int argc, char** argv) {
   std::string line;
   for (int i = 1; i < argc; ++i) {
     if (i > 1) line += ' ';
-    line += argv[i];
+    line += tolmen::PathFromSystem(argv[i]);
   }
-  return tolmen::Utf8ToCp1252(line);
+  return line;
+}
+
+int Refused(const tolmen::RuntimeError& error) {
+  std::cerr << "tolmen: " << tolmen::Cp1252ToUtf8(error.Description()) << "\n";
+  return 2;
 }
 
 #ifdef TOLMEN_HAVE_QT
+// REQUIRES: the arguments were joined once before (JoinArguments refused none).
 int RunQt(int argc, char** argv, const tolmen::AppInfo& info, tolmen::Clock& clock) {
   QApplication application(argc, argv);
   tolmen::QtUi ui(clock);
   ui.SetDefaultTitle(info.AppName);
   tolmen::Tolmen app(info, ui, clock);
+  // Joined again: QApplication has taken out the arguments that were its own.
   app.shell.CommandLine = JoinArguments(argc, argv);
   tolmen::ScreenActions actions(app.screen);
   tolmen::MainWindow window(app.screen, actions);
@@ -71,8 +81,8 @@ int RunQt(int argc, char** argv, const tolmen::AppInfo& info, tolmen::Clock& clo
 }
 #endif
 
-int RunHeadless(const std::string& kind, int argc, char** argv, const tolmen::AppInfo& info,
-                tolmen::Clock& clock) {
+int RunHeadless(const std::string& kind, const std::string& commandLine,
+                const tolmen::AppInfo& info, tolmen::Clock& clock) {
   std::string error;
   std::unique_ptr<tolmen::Ui> ui = tolmen::MakeHeadlessUi(kind, clock, info.AppName, error);
   if (!ui) {
@@ -80,7 +90,7 @@ int RunHeadless(const std::string& kind, int argc, char** argv, const tolmen::Ap
     return 2;
   }
   tolmen::Tolmen app(info, *ui, clock);
-  app.shell.CommandLine = JoinArguments(argc, argv);
+  app.shell.CommandLine = commandLine;
   tolmen::ScreenActions actions(app.screen);
   return tolmen::RunApplication(app, actions);
 }
@@ -90,11 +100,12 @@ int RunHeadless(const std::string& kind, int argc, char** argv, const tolmen::Ap
 int main(int argc, char** argv) {
   std::unique_ptr<tolmen::Clock> clock = tolmen::MakeClockFromEnvironment();
   tolmen::AppInfo info;
+  std::string commandLine;
   try {
     info = tolmen::MakeAppInfo(tolmen::ResolveAppFolder(), TOLMEN_VERSION);
+    commandLine = JoinArguments(argc, argv);
   } catch (const tolmen::RuntimeError& e) {
-    std::cerr << "tolmen: " << e.Description() << "\n";
-    return 2;
+    return Refused(e);
   }
   const std::string kind = ChooseFrontEnd();
 #ifdef TOLMEN_HAVE_QT
@@ -104,5 +115,5 @@ int main(int argc, char** argv) {
     std::cerr << "tolmen: this build has no Qt front-end\n";
     return 2;
   }
-  return RunHeadless(kind, argc, argv, info, *clock);
+  return RunHeadless(kind, commandLine, info, *clock);
 }

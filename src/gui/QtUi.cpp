@@ -28,6 +28,8 @@
 #include "platform/ui/HelpPage.h"
 #include "platform/ui/Timer.h"
 #include "runtime/Cp1252.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/SystemPath.h"
 
 namespace tolmen {
 
@@ -143,9 +145,15 @@ bool QtUi::FileDialog(const FileDialogRequest& request, std::string& path) {
   if (!request.defaultExtension.empty()) dialog.setDefaultSuffix(ToQt(request.defaultExtension));
   if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
   bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
-  if (accepted) path = FromQt(dialog.selectedFiles().first());
   Refresh();
-  return accepted;
+  if (!accepted) return false;
+  try {
+    path = PathFromSystem(dialog.selectedFiles().first().toStdString());
+  } catch (const RuntimeError& refused) {  // a path Windows-1252 cannot hold
+    MsgBox(refused.Description(), vbExclamation, request.title);
+    return false;
+  }
+  return true;
 }
 
 void QtUi::Beep() {

@@ -11,6 +11,7 @@
 #include "runtime/Cp1252.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 #include "runtime/Trap.h"
 #include "shell/ProcessEnd.h"
 #include "shell/Tolmen.h"
@@ -25,7 +26,7 @@ constexpr const char* kWarningTitle = "Maximizer Warning!!";
 // The database name that Maximizer's list file gives the folder: the part before the first
 // comma of the first line whose part behind it equals the folder without regard to case.
 std::optional<std::string> DatabaseNameFor(const std::string& listFile, const std::string& path) {
-  std::ifstream in(listFile, std::ios::binary);
+  std::ifstream in(SystemPath(listFile), std::ios::binary);
   if (!in) throw RuntimeError(53);
   std::string line;
   while (std::getline(in, line)) {

@@ -11,6 +11,7 @@
 #include "runtime/Cp1252.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
@@ -43,7 +44,8 @@ std::vector<ChoiceList> ChoiceLists(MainForm& form) {
 }
 
 // Writes the text to the passing file and reads it back by lines; the file is deleted after.
-std::vector<std::string> LinesThroughFile(const std::string& path, const std::string& text) {
+std::vector<std::string> LinesThroughFile(const std::string& name, const std::string& text) {
+  const std::string path = SystemPath(name);
   {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     if (!out) throw RuntimeError(75);

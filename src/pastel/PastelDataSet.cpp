@@ -21,6 +21,7 @@
 #include "runtime/Cp1252.h"
 #include "runtime/Format.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
@@ -289,13 +290,13 @@ void CreatePastelSet(Tolmen& app, const std::string& folder, const json& set) {
     if (!records.is_null() && !records.is_array())
       throw PastelSetError(name + ": give a list of records or null");
   }
-  fs::create_directories(folder);
+  fs::create_directories(SystemPath(folder));
   for (const PastelSetFile& file : PastelSetFiles()) {
     const json* records = nullptr;
     for (const auto& [name, value] : described.items())
       if (EqualsNoCase(name, file.name)) records = &value;
     if (records && records->is_null()) {
-      fs::remove(PathOf(folder, file.name));
+      fs::remove(SystemPath(PathOf(folder, file.name)));
       continue;
     }
     CreateFile(app, folder, file, records ? *records : json::array());

@@ -8,6 +8,7 @@
 #include "recordio/BtObject.h"
 #include "recordio/StatusCatalogue.h"
 #include "recordio/TextHelpers.h"
+#include "runtime/Cp1252.h"
 #include "runtime/Format.h"
 #include "runtime/RuntimeError.h"
 #include "shell/ProcessEnd.h"
@@ -103,7 +104,7 @@ std::vector<std::string> FatalMessage(Tolmen& app, const BtObject& object, int32
   std::vector<std::string> lines;
   lines.push_back("Unexpected BTrieve Status in Sub GlobalIO - Program Cannot Continue!");
   lines.push_back(FormatDate(app.clock.Now(), "dd mmmm yyyy  hh:mm"));
-  if (object.FileName.find("ACC") != std::string::npos)
+  if (UCase(object.FileName).find("ACC") != std::string::npos)  // without regard to case
     lines.push_back(app.pastel.PastelProduct + "   " + " = " + app.pastel.PastelVersion);
   lines.push_back("BTrieve Status = " + std::to_string(status) + " (" + StatusText(status) + ")");
   lines.push_back("For details, see Web Address:");

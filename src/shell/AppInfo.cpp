@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "runtime/RuntimeError.h"
+#include "runtime/SystemPath.h"
 
 namespace tolmen {
 namespace {
@@ -28,9 +29,10 @@ std::string ResolveAppFolder() {
     if (data.empty()) data = Env("HOME") + "/.local/share";
     folder = WithSlash(data) + "tolmen";
   }
-  folder = WithSlash(folder);
+  // The environment speaks UTF-8; the system holds the folder as Windows-1252 text.
+  folder = PathFromSystem(WithSlash(folder));
   std::error_code ec;
-  std::filesystem::create_directories(folder, ec);
+  std::filesystem::create_directories(SystemPath(folder), ec);
   if (ec) throw RuntimeError(76, "Path not found: " + folder);
   return folder;
 }

@@ -9,16 +9,20 @@
 #include "runtime/Format.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
 namespace {
 
 // The folder the log belongs in now: the Pastel data folder once one is known.
+std::string FolderNow(const Tolmen& app) {
+  return app.pastel.PastelDataPath.empty() ? app.info.AppFolder : app.pastel.PastelDataPath;
+}
+
 void ChooseFolder(Tolmen& app) {
   if (app.log.FolderFixed() || app.log.IsOpen()) return;
-  app.log.SetFolder(app.pastel.PastelDataPath.empty() ? app.info.AppFolder
-                                                      : app.pastel.PastelDataPath);
+  app.log.SetFolder(FolderNow(app));
 }
 
 std::string Account(Tolmen& app) {
@@ -88,7 +92,7 @@ void RunLog::SetFolder(const std::string& folder) {
 void RunLog::Append(const std::string& line) {
   if (!file_.is_open()) {
     file_.clear();
-    file_.open(Path(), std::ios::binary | std::ios::app);
+    file_.open(SystemPath(Path()), std::ios::binary | std::ios::app);
     if (!file_) throw RuntimeError(75, "Path/File access error: " + Path());
   }
   file_ << line << "\r\n";
@@ -106,13 +110,19 @@ void RunLog::Close() {
 void RunLog::Rotate(int32_t limitKb) {
   if (limitKb == 0) return;
   std::error_code ec;
-  const auto size = std::filesystem::file_size(Path(), ec);
+  const std::string path = SystemPath(Path());
+  const auto size = std::filesystem::file_size(path, ec);
   if (ec) return;
   // Compared as signed numbers: a negative limit turns the log over at every run.
   if (static_cast<long long>(size) <= static_cast<long long>(limitKb) * 1024) return;
-  const std::string old = folder_ + kOldFileName;
+  const std::string old = SystemPath(folder_ + kOldFileName);
   std::filesystem::remove(old, ec);
-  std::filesystem::rename(Path(), old, ec);
+  std::filesystem::rename(path, old, ec);
+}
+
+std::string LogFilePath(const Tolmen& app) {
+  if (app.log.FolderFixed() || app.log.IsOpen()) return app.log.Path();
+  return FolderNow(app) + RunLog::kFileName;
 }
 
 void LogEntry(Tolmen& app, int16_t kind, const std::string& text) {

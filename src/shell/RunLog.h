@@ -74,6 +74,9 @@ class RunLog {
 // the text. Afterwards the file is closed again unless the debugging level is 0. Errors of the
 // file reach the caller as RuntimeError.
 void LogEntry(Tolmen& app, int16_t kind, const std::string& text);
+// The log the next entry goes to: the open log or the run's, else "Tolmen.LOG" in the Pastel data
+// folder that is open, or in the program's folder while none is.
+std::string LogFilePath(const Tolmen& app);
 // Raises ErrorCount and writes "### Error ", the new count, ": " and the text.
 void LogError(Tolmen& app, const std::string& text);
 

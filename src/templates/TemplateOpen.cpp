@@ -8,6 +8,7 @@
 #include "runtime/Conversion.h"
 #include "runtime/Cp1252.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 #include "runtime/Trap.h"
 #include "shell/Busy.h"
 #include "shell/Tolmen.h"
@@ -304,7 +305,7 @@ class TemplateReader {
 };
 
 bool ReadFile(const std::string& path, std::string& bytes) {
-  std::ifstream in(path, std::ios::binary);
+  std::ifstream in(SystemPath(path), std::ios::binary);
   if (!in) return false;
   bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   return !in.bad();
@@ -318,7 +319,7 @@ void TemplateOpen(Tolmen& app, const std::string& path, bool parts, bool& ok) {
   // The click handlers the reading raises can tell a template's setting from a user's click.
   options.TemplateBeingRead = true;
   std::error_code ignored;
-  if (!std::filesystem::is_regular_file(path, ignored)) {
+  if (!std::filesystem::is_regular_file(SystemPath(path), ignored)) {
     options.TemplateBeingRead = false;
     return;
   }

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "runtime/Conversion.h"
+#include "runtime/SystemPath.h"
 #include "runtime/Trap.h"
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
@@ -119,7 +120,8 @@ class TemplateWriter {
 // replaces the old file in one step. On failure the temporary file is removed and the old file
 // stays as it was.
 void WritePrivateFile(const std::string& path, const std::string& bytes) {
-  std::string temporary = path + ".XXXXXX";
+  const std::string target = SystemPath(path);
+  std::string temporary = target + ".XXXXXX";
   const int fd = ::mkstemp(temporary.data());  // mkstemp creates the file with mode 0600
   if (fd < 0) ThrowFileError(errno, path);
   int failure = 0;
@@ -134,7 +136,7 @@ void WritePrivateFile(const std::string& path, const std::string& bytes) {
   }
   if (failure == 0 && ::fsync(fd) != 0) failure = errno;
   if (::close(fd) != 0 && failure == 0) failure = errno;
-  if (failure == 0 && ::rename(temporary.c_str(), path.c_str()) != 0) failure = errno;
+  if (failure == 0 && ::rename(temporary.c_str(), target.c_str()) != 0) failure = errno;
   if (failure != 0) {
     ::unlink(temporary.c_str());
     ThrowFileError(failure, path);

@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include "runtime/RuntimeError.h"
+#include "runtime/SystemPath.h"
 
 namespace tolmen {
 
@@ -15,7 +16,7 @@ ImportFile::~ImportFile() {
 
 bool ImportFile::Open(const std::string& path) {
   Close();
-  fd_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  fd_ = ::open(SystemPath(path).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   size_ = 0;
   return fd_ >= 0;
 }

@@ -14,6 +14,7 @@
 #include "runtime/Format.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 #include "shell/Tolmen.h"
 
 namespace fs = std::filesystem;
@@ -64,8 +65,12 @@ void WriteTo(ImportFile& file, const std::string& line) {
 ImportFileNames NumberImportFiles(const std::string& folder) {
   std::string highest;
   std::error_code error;
-  for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-    const std::string name = it->path().filename().string();
+  for (fs::directory_iterator it(SystemPath(folder), error), end; !error && it != end;
+       it.increment(error)) {
+    // A name Windows-1252 cannot hold is none the system wrote.
+    const std::string listed = it->path().filename().string();
+    if (!FitsCp1252(listed)) continue;
+    const std::string name = Utf8ToCp1252(listed);
     if (!Like(UCase(name), "MAXCUS*.CSV")) continue;
     if (highest.empty() || UCase(name) > UCase(highest)) highest = name;
   }
@@ -80,8 +85,8 @@ bool OpenCsvFiles(Tolmen& app) {
   const auto open = [&](ImportFile& file, const std::string& name) {
     for (;;) {
       if (file.Open(name)) return true;
-      const std::string why =
-          fs::exists(name) ? RuntimeError(75).Description() : RuntimeError(76).Description();
+      const std::string why = fs::exists(SystemPath(name)) ? RuntimeError(75).Description()
+                                                           : RuntimeError(76).Description();
       const std::string& br = app.info.LineBreak;
       const int answer = app.ui.MsgBox(app.run.CurrentSection + br + why + ": " + name + br +
                                            "Please fix the Error and Click OK, or Cancel the run.",
@@ -97,7 +102,7 @@ bool OpenCsvFiles(Tolmen& app) {
     }
   } else {
     std::error_code ignored;
-    fs::remove(app.run.InvoiceFileName, ignored);
+    fs::remove(SystemPath(app.run.InvoiceFileName), ignored);
   }
   app.pastelFiles.lineSink = &files;
   app.run.CurrentSection.clear();

@@ -6,7 +6,9 @@
 #include "runtime/Conversion.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 #include "shell/Registry.h"
+#include "shell/RunLog.h"
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
 
@@ -71,16 +73,17 @@ std::string ExecutablePath() {
 bool SetStartupShortcut(Tolmen& app, int create) {
   const std::string folder = ReadRegistryValue(HKEY_CURRENT_USER, kShellFoldersKey, "Startup");
   if (folder.empty()) return false;
-  const fs::path entry = fs::path(folder) / kStartupEntryName;
+  const fs::path entry = fs::path(SystemPath(folder)) / kStartupEntryName;
   std::error_code error;
   if (create != 1) {
     // Any entry of that name, whatever the case of its letters.
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
+    for (fs::directory_iterator it(entry.parent_path(), error), end; !error && it != end;
+         it.increment(error))
       if (EqualsNoCase(it->path().filename().string(), kStartupEntryName))
         fs::remove(it->path(), error);
     return !StartupEntryPresent();
   }
-  fs::create_directories(folder, error);
+  fs::create_directories(entry.parent_path(), error);
   std::ofstream out(entry, std::ios::trunc);
   out << "[Desktop Entry]\nType=Application\nName=" << app.info.AppName << "\nExec=\""
       << ExecutablePath() << "\"\nX-GNOME-Autostart-enabled=true\n";
@@ -102,10 +105,12 @@ void mnuFile_Click(Tolmen& app, int index) {
       if (app.ui.FileDialog(TemplateDialog(app, true), path)) TemplateSave(app, path);
       break;
     }
-    case 20:
-      if (!app.ui.OpenInEditor(app.log.Path()))
-        app.ui.MsgBox(ErrorText(53) + ": " + app.log.Path(), vbExclamation, app.info.AppTitle);
+    case 20: {
+      const std::string log = LogFilePath(app);
+      if (!app.ui.OpenInEditor(log))
+        app.ui.MsgBox(ErrorText(53) + ": " + log, vbExclamation, app.info.AppTitle);
       break;
+    }
     case 21:
       LimitLogFileSize(app);
       break;

@@ -209,6 +209,30 @@ TEST_F(GlobalIOTest, UnexpectedStatusShowsTheFatalDialogAndCarryingOnStops) {
   EXPECT_NE(log.find("### SET Debug=4: Proceeding in GlobalIO.\r\n"), std::string::npos);
 }
 
+TEST_F(GlobalIOTest, VersionLineNamesPastelFilesWhateverTheCaseOfTheirName) {
+  const struct {
+    const char* name;
+    bool versionShown;
+  } kCases[] = {
+      {"ACCTEST.DAT", true}, {"AccMasD.dat", true}, {"accprmgl.dat", true}, {"MaxSeed.dat", false}};
+  for (const auto& c : kCases) {
+    app_.reset();
+    transcript_.str("");
+    Start({"Cancel", "Yes"});
+    app_->pastel.PastelProduct = "Pastel Accounting 2007 (9)";
+    app_->pastel.PastelVersion = "9.1.5";
+    TestRecord record("clsTest", 10);
+    GlobalIO(*app_, record, 0, MakeFile(c.name, 10, {"AAAAaaaaaa"}));
+    ASSERT_TRUE(record.IsOpen) << c.name;
+    record.KeyNum = 3;  // the file has one key: status 6
+    EXPECT_THROW(GlobalIO(*app_, record, 5, std::string("AAAA")), ProcessEnd);
+    EXPECT_EQ(
+        transcript_.str().find("Pastel Accounting 2007 (9)    = 9.1.5\n") != std::string::npos,
+        c.versionShown)
+        << c.name;
+  }
+}
+
 TEST_F(GlobalIOTest, ShuttingDownStopsTheRecordManager) {
   Start({"Cancel", "Yes"});
   const std::string path = MakeFile("Data.dat", 10, {"AAAAaaaaaa"});

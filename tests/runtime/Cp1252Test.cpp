@@ -3,6 +3,8 @@
 #include <string>
 
 #include "runtime/Cp1252.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/SystemPath.h"
 
 namespace tolmen {
 namespace {
@@ -32,6 +34,35 @@ TEST(Cp1252, KnownCharacters) {
   }
   EXPECT_EQ(Utf8ToCp1252("\xE4\xB8\xAD"), "?");  // no byte for it
   EXPECT_EQ(Utf8ToCp1252("a\xC3"), "a\xC3");     // cut short: taken as it stands
+}
+
+TEST(SystemPath, PathsWindows1252CannotHoldAreRefusedByName) {
+  const struct {
+    const char* utf8;
+    const char* cp1252;  // when refused: the path the message names
+    bool refused;
+  } cases[] = {
+      {"/home/j\xC3\xB6s\xC3\xA9/d\xC3\xA9mo.KTF", "/home/j\xF6s\xE9/d\xE9mo.KTF", false},
+      {"/srv/\xE2\x82\xAC/", "/srv/\x80/", false},
+      {"/home/\xCE\xA9/", "/home/?/", true},             // omega: no byte for it
+      {"/home/j\xF6s\xE9/", "/home/j\xF6s\xE9/", true},  // not UTF-8: would not come back
+  };
+  for (const auto& c : cases) {
+    if (!c.refused) {
+      EXPECT_EQ(PathFromSystem(c.utf8), c.cp1252);
+      EXPECT_EQ(SystemPath(c.cp1252), c.utf8);
+      continue;
+    }
+    try {
+      PathFromSystem(c.utf8);
+      ADD_FAILURE() << c.utf8 << " was taken";
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Number(), 52);
+      EXPECT_EQ(error.Description(), std::string("The path ") + c.cp1252 +
+                                         " holds a character outside Windows-1252 and cannot "
+                                         "be used");
+    }
+  }
 }
 
 TEST(Cp1252, CaseFoldingOfLetters) {

@@ -114,8 +114,9 @@ std::string ReadBytes(const std::string& path) {
   return test::ReadFile(path);
 }
 
-ScenarioTest::ScenarioTest() : pastel_(DemoSet()) {
-  fs::create_directories(dir_.Path() / "home");
+ScenarioTest::ScenarioTest(std::string home, std::string pastel)
+    : homeName_(std::move(home)), pastelName_(std::move(pastel)), pastel_(DemoSet()) {
+  fs::create_directories(Home());
   fs::create_directories(dir_.Path() / "config");
   // The start-up entry and the settings stay inside the test's folder.
   ::setenv("XDG_CONFIG_HOME", dir_.File("config").c_str(), 1);
@@ -138,8 +139,8 @@ void ScenarioTest::MakeWorld(const json& clients) {
   {
     VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
     ScriptUi ui({}, nullptr, clock, "Tolmen");
-    Tolmen maker(MakeAppInfo(Home(), "1.0.0"), ui, clock, dir_.File("maker.ini"));
-    CreatePastelSet(maker, PastelFolder(), pastel_);
+    Tolmen maker(MakeAppInfo(Utf8ToCp1252(Home()), "1.0.0"), ui, clock, dir_.File("maker.ini"));
+    CreatePastelSet(maker, Utf8ToCp1252(PastelFolder()), pastel_);
   }
   const std::string description = dir_.File("book.json");
   std::ofstream(description) << json{
@@ -175,7 +176,7 @@ std::string ScenarioTest::WriteTemplate(const std::map<std::string, std::string>
       text += line + "\r\n";
     }
   }
-  text = Replace(text, "@PASTEL@", PastelFolder());
+  text = Replace(text, "@PASTEL@", Utf8ToCp1252(PastelFolder()));
   text = Replace(text, "@MAXIMIZER@", maxsim_ ? maxsim_->Database() : "");
   const std::string path = Home() + "run.KTF";
   std::ofstream(path, std::ios::binary) << text;
@@ -185,7 +186,7 @@ std::string ScenarioTest::WriteTemplate(const std::map<std::string, std::string>
 std::vector<std::string> ScenarioTest::ImportScript(const std::vector<std::string>& answers,
                                                     const std::vector<std::string>& actions) const {
   std::vector<std::string> script = {"@click mnuFile \"&Open Template...\"",
-                                     "= " + Home() + "run.KTF"};
+                                     "= " + Utf8ToCp1252(Home()) + "run.KTF"};
   script.insert(script.end(), actions.begin(), actions.end());
   script.push_back("@click cmdNext");
   script.insert(script.end(), answers.begin(), answers.end());
@@ -204,7 +205,7 @@ int ScenarioTest::Run(const std::vector<std::string>& script, const std::string&
   ui_->beforeYield = [this] {
     if (atYield) atYield(*app_);
   };
-  app_ = std::make_unique<Tolmen>(MakeAppInfo(Home(), "1.0.0"), *ui_, *clock_,
+  app_ = std::make_unique<Tolmen>(MakeAppInfo(Utf8ToCp1252(Home()), "1.0.0"), *ui_, *clock_,
                                   dir_.File("settings.ini"));
   app_->settings.SaveSetting("Settings", "Debugging", std::to_string(debugLevel));
   app_->shell.CommandLine = commandLine;
@@ -223,8 +224,8 @@ std::vector<std::string> ScenarioTest::PastelFileLines(const std::string& name) 
 std::vector<std::string> ScenarioTest::CategoryFile() {
   VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
   ScriptUi ui({}, nullptr, clock, "Tolmen");
-  Tolmen reader(MakeAppInfo(Home(), "1.0.0"), ui, clock, dir_.File("reader.ini"));
-  reader.screen.frmMain.Dir1.SetText(PastelFolder());
+  Tolmen reader(MakeAppInfo(Utf8ToCp1252(Home()), "1.0.0"), ui, clock, dir_.File("reader.ini"));
+  reader.screen.frmMain.Dir1.SetText(Utf8ToCp1252(PastelFolder()));
   std::vector<std::string> categories;
   EXPECT_TRUE(OpenPastel(reader));
   pasDcodeFile& file = reader.pastelFiles.DcodeFile();

@@ -84,7 +84,9 @@ std::string ReadBytes(const std::string& path);
 
 class ScenarioTest : public ::testing::Test {
  protected:
-  ScenarioTest();
+  // `home` and `pastel` name the program's folder and the Pastel folder in the test's folder
+  // (UTF-8, as on disk).
+  explicit ScenarioTest(std::string home = "home", std::string pastel = "pastel");
   ~ScenarioTest() override;
 
   // Debtors added to the demo set before it is made (code and name).
@@ -113,8 +115,9 @@ class ScenarioTest : public ::testing::Test {
   int Run(const std::vector<std::string>& script, const std::string& commandLine = "",
           int debugLevel = 0);
 
-  std::string PastelFolder() const { return dir_.File("pastel") + "/"; }
-  std::string Home() const { return dir_.File("home") + "/"; }
+  // The folders as the file system names them (UTF-8); the system holds them as Windows-1252.
+  std::string PastelFolder() const { return dir_.File(pastelName_) + "/"; }
+  std::string Home() const { return dir_.File(homeName_) + "/"; }
   std::string Transcript() const { return transcript_.str(); }
   // The lines of a file of the Pastel folder ("MaxCus01.csv", "Tolmen.LOG").
   std::vector<std::string> PastelFileLines(const std::string& name) const;
@@ -128,6 +131,8 @@ class ScenarioTest : public ::testing::Test {
   void Maximizer(const std::vector<std::string>& command) const;
 
   TempDir dir_{"tolmen-scen-"};
+  std::string homeName_;
+  std::string pastelName_;
   json pastel_;
   std::unique_ptr<MaxsimProcess> maxsim_;
   // Each run starts at 09:00 on 23 November 2026; time moves only by what the run waits.

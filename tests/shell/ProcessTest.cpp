@@ -1,5 +1,6 @@
 // tolmen run as a process with the script front-end: its exit status, the transcript of its
 // start, and the settings file it leaves behind.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -17,11 +18,11 @@ class ProcessTest : public ::testing::Test {
   // end normally).
   int Tolmen(const std::vector<std::string>& args) {
     WriteText(dir_.File("script.txt"), "");
-    fs::create_directories(dir_.File("home"));
+    fs::create_directories(dir_.File(home_));
     std::vector<std::string> env = {"TOLMEN_UI=script",
                                     "TOLMEN_SCRIPT=" + dir_.File("script.txt"),
                                     "TOLMEN_TRANSCRIPT=" + dir_.File("transcript.txt"),
-                                    "TOLMEN_HOME=" + dir_.File("home"),
+                                    "TOLMEN_HOME=" + dir_.File(home_),
                                     "XDG_CONFIG_HOME=" + dir_.File("config"),
                                     "XDG_RUNTIME_DIR=" + dir_.File("run"),
                                     "MAXIMIZER_SOCKET=" + dir_.File("run/none.sock"),
@@ -37,16 +38,24 @@ class ProcessTest : public ::testing::Test {
     for (std::string& e : env) envp.push_back(e.data());
     envp.push_back(nullptr);
 
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 2, dir_.File("stderr.txt").c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0600);
     pid_t pid = 0;
-    if (posix_spawn(&pid, argp[0], nullptr, nullptr, argp.data(), envp.data()) != 0) return -1;
+    const int spawned = posix_spawn(&pid, argp[0], &actions, nullptr, argp.data(), envp.data());
+    posix_spawn_file_actions_destroy(&actions);
+    if (spawned != 0) return -1;
     int status = 0;
     if (waitpid(pid, &status, 0) != pid || !WIFEXITED(status)) return -1;
     return WEXITSTATUS(status);
   }
   std::string Transcript() const { return ReadFile(dir_.File("transcript.txt")); }
+  std::string Errors() const { return ReadFile(dir_.File("stderr.txt")); }
   std::string Settings() const { return ReadFile(dir_.File("config/Vellumator7/settings.ini")); }
 
   test::TempDir dir_{"tolmen-process-"};
+  std::string home_ = "home";  // the program's folder in dir_, as UTF-8
 };
 
 // No Maximizer answers at the socket: the first activation says so, and the start goes on.
@@ -78,6 +87,41 @@ TEST_F(ProcessTest, TemplateRunThatCannotStartExitsTwo) {
   WriteText(dir_.File("home/monthly.KTF"), "TOLMEN TEMPLATE FILE\r\n");
   EXPECT_EQ(Tolmen({"/SILENT", "/QUIT", "monthly.KTF"}), 2);
   EXPECT_FALSE(fs::exists(dir_.File("home/Tolmen.LOG")));
+}
+
+// Accented letters in the program's folder and in the command line (UTF-8 on disk and in argv):
+// the start template and the command line's template are found and read (neither is a template,
+// which their message shows), a missing one is named as it is, and a folder that Windows-1252
+// cannot hold is refused by name before anything starts.
+TEST_F(ProcessTest, AccentedProgramFolderAndTemplateNamesAreFound) {
+  const std::string notATemplate =
+      "== MsgBox | Invalid File in Tolmen | OK | Critical\n"
+      "Tolmen is not a valid Tolmen Template file.\n-> OK\n";
+  home_ = "h\xC3\xB6m\xC3\xA9";  // hömé
+  WriteText(dir_.File(home_ + "/CURRENT.KTF"), "not a template\r\n");
+  EXPECT_EQ(Tolmen({}), 0);
+  EXPECT_TRUE(Contains(Transcript(), notATemplate)) << Transcript();
+  fs::remove(dir_.File(home_ + "/CURRENT.KTF"));
+
+  WriteText(dir_.File(home_ + "/d\xC3\xA9mo.KTF"), "not a template\r\n");
+  EXPECT_EQ(Tolmen({"/SILENT", "d\xC3\xA9mo.KTF"}), 2);
+  EXPECT_TRUE(Contains(Transcript(), notATemplate)) << Transcript();
+
+  EXPECT_EQ(Tolmen({"n\xC3\xA9"
+                    "ant.KTF"}),
+            2);
+  EXPECT_TRUE(Contains(Transcript(), "The Template " + dir_.File(home_) +
+                                         "/n\xC3\xA9"
+                                         "ant.KTF specified in the Command Line "
+                                         "does not exist!\n"))
+      << Transcript();
+
+  home_ = "home-\xCE\xA9";  // omega
+  fs::remove(dir_.File("transcript.txt"));
+  EXPECT_EQ(Tolmen({}), 2);
+  EXPECT_FALSE(fs::exists(dir_.File("transcript.txt")));
+  EXPECT_EQ(Errors(), "tolmen: The path " + dir_.File("home-?") +
+                          "/ holds a character outside Windows-1252 and cannot be used\n");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "pastel/pasDelivery.h"
 #include "shell/ProgressLine.h"
 #include "shell/RunLog.h"
+#include "wizard/FileMenu.h"
 
 namespace tolmen::testing {
 namespace {
@@ -155,6 +156,20 @@ TEST_F(RunLogTest, FolderAndOpenStateFollowTheRunAndTheLevel) {
   LogEntry(*app_, 0, "");
   EXPECT_FALSE(app_->log.IsOpen());
   EXPECT_TRUE(Contains(SetLog(), "moved\r\nclosed\r\n\r\nTolmen 1.0.0 Run at "));
+}
+
+// File > View Log File opens the log the next entry goes to: the open Pastel folder's, even when
+// the last entry went to the program's folder; during a run, the run's own.
+TEST_F(RunLogTest, ViewLogFileOpensTheLogOfTheOpenPastelFolder) {
+  constexpr int kViewLogFile = 20;
+  app_->pastel.PastelDataPath.clear();
+  LogEntry(*app_, 0, "");  // a run before any Pastel folder was open
+  app_->pastel.PastelDataPath = dir_.File("set") + "/";
+  mnuFile_Click(*app_, kViewLogFile);
+  app_->log.EndRun();
+  mnuFile_Click(*app_, kViewLogFile);
+  EXPECT_EQ(Transcript(),
+            "== Editor " + Home() + "Tolmen.LOG\n== Editor " + dir_.File("set") + "/Tolmen.LOG\n");
 }
 
 TEST(ProgressLineTest, TextAtTheEdges) {

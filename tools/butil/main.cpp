@@ -21,6 +21,9 @@
 #include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/RecordEngine.h"
 #include "platform/recordmanager/RecordFile.h"
+#include "runtime/Cp1252.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/SystemPath.h"
 
 namespace tolmen::butil {
 namespace {
@@ -36,8 +39,9 @@ class Btr {
   int16_t Call(uint16_t op, int16_t keyNum = 0) {
     return engine_.BTRCALL(op, pos_, data, dataLen, key, 255, keyNum);
   }
+  // `path` as the command line gives it (UTF-8); the record manager takes Windows-1252 text.
   int16_t Open(const std::string& path, int16_t mode) {
-    key = path;
+    key = PathFromSystem(path);
     return Call(kOpOpen, mode);
   }
   int16_t Get(uint16_t op, int32_t room) {
@@ -118,7 +122,7 @@ int Create(const std::string& path, const std::string& descriptionPath) {
   Btr f(engine);
   f.data = BuildCreateBuffer(def);
   f.dataLen = static_cast<int32_t>(f.data.size());
-  f.key = path;
+  f.key = PathFromSystem(path);
   if (int16_t st = f.Call(kOpCreate, kNoReplace)) return Fail(path, st);
   std::cout << "The file " << path << " has been created.\n";
   return 0;
@@ -192,9 +196,13 @@ int main(int argc, char** argv) {
   if (argc < 2) return Usage();
   std::string command = argv[1];
   for (char& c : command) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  if (command == "-stat" && argc == 3) return Stat(argv[2]);
-  if (command == "-create" && argc == 4) return Create(argv[2], argv[3]);
-  if (command == "-save" && argc == 4) return Save(argv[2], argv[3]);
-  if (command == "-load" && argc == 4) return Load(argv[2], argv[3]);
+  try {
+    if (command == "-stat" && argc == 3) return Stat(argv[2]);
+    if (command == "-create" && argc == 4) return Create(argv[2], argv[3]);
+    if (command == "-save" && argc == 4) return Save(argv[2], argv[3]);
+    if (command == "-load" && argc == 4) return Load(argv[2], argv[3]);
+  } catch (const tolmen::RuntimeError& error) {  // a path Windows-1252 cannot hold
+    return Fail(tolmen::Cp1252ToUtf8(error.Description()));
+  }
   return Usage();
 }

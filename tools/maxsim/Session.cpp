@@ -11,6 +11,7 @@
 #include "runtime/Conversion.h"
 #include "runtime/Cp1252.h"
 #include "runtime/Strings.h"
+#include "runtime/SystemPath.h"
 
 namespace tolmen::maxsim {
 
@@ -30,25 +31,27 @@ struct CallShape {
   size_t args;
 };
 constexpr CallShape kCalls[] = {{"GetCurrentDBPath", 0},
-                               {"GetDatabaseList", 0},
-                               {"GetBusyIndicator", 0},
-                               {"GetVisibilityState", 0},
-                               {"SetVisibilityState", 1},
-                               {"SetAlarm", 1},
-                               {"ActivateWindow", 1},
-                               {"GetListOfUdf", 0},
-                               {"ListOfCategories", 3},
-                               {"GetFieldValue", 1},
-                               {"SetFieldValue", 2},
-                               {"GetListCount", 0},
-                               {"ListAll", 1},
-                               {"ScrollList", 1},
-                               {"GetAddressList", 0},
-                               {"GetAddressID", 0},
-                               {"GetAddressField", 2}};
+                                {"GetDatabaseList", 0},
+                                {"GetBusyIndicator", 0},
+                                {"GetVisibilityState", 0},
+                                {"SetVisibilityState", 1},
+                                {"SetAlarm", 1},
+                                {"ActivateWindow", 1},
+                                {"GetListOfUdf", 0},
+                                {"ListOfCategories", 3},
+                                {"GetFieldValue", 1},
+                                {"SetFieldValue", 2},
+                                {"GetListCount", 0},
+                                {"ListAll", 1},
+                                {"ScrollList", 1},
+                                {"GetAddressList", 0},
+                                {"GetAddressID", 0},
+                                {"GetAddressField", 2}};
 
+// A database folder as the automation names it (Windows-1252 text), made absolute.
 std::string FolderPath(const std::string& folder) {
-  std::string path = std::filesystem::absolute(folder).lexically_normal().string();
+  std::string path =
+      Utf8ToCp1252(std::filesystem::absolute(SystemPath(folder)).lexically_normal().string());
   while (path.size() > 1 && path.back() == '/') path.pop_back();
   return path;
 }
@@ -74,7 +77,7 @@ void WriteLines(const std::string& path, const std::vector<std::string>& lines) 
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   for (const std::string& line : lines) out << line << "\r\n";
   out.flush();
-  if (!out) throw Refused("cannot write " + Cp1252ToUtf8(path));
+  if (!out) throw Refused("cannot write " + Utf8ToCp1252(path));
 }
 
 }  // namespace
@@ -90,9 +93,9 @@ Session::~Session() {
 void Session::Open(const std::string& folder) {
   auto db = std::make_unique<Database>();
   db->path = FolderPath(folder);
-  db->store = std::make_unique<Store>(db->path + "/" + kStoreName);
+  db->store = std::make_unique<Store>(SystemPath(db->path + "/" + kStoreName));
   db->book = db->store->Load();
-  db->file = std::make_unique<ClientFile>(db->path + "/" + kClientFileName);
+  db->file = std::make_unique<ClientFile>(SystemPath(db->path + "/" + kClientFileName));
   if (db->book.name.empty()) db->book.name = std::filesystem::path(db->path).filename().string();
   db_ = std::move(db);
   const auto known = std::find_if(knownDatabases_.begin(), knownDatabases_.end(),
@@ -196,7 +199,7 @@ void Session::Journal(const std::string& name, const Args& args) {
 
 Session::Json Session::Call(const std::string& given, const Args& args, double now) {
   const auto shape = std::find_if(std::begin(kCalls), std::end(kCalls),
-                                 [&](const CallShape& c) { return EqualsNoCase(c.name, given); });
+                                  [&](const CallShape& c) { return EqualsNoCase(c.name, given); });
   Journal(shape == std::end(kCalls) ? given : shape->name, args);
   if (shape == std::end(kCalls)) throw Refused("Maximizer has no call " + given);
   if (args.size() != shape->args)
@@ -213,7 +216,7 @@ Session::Json Session::Call(const std::string& given, const Args& args, double n
       result = "error";
     } else {
       WriteDatabaseList();
-      result = Cp1252ToUtf8(databaseListFile_);
+      result = databaseListFile_;  // a file system name already
     }
   } else if (name == "GetBusyIndicator") {
     result = busy_ > 0;

@@ -38,7 +38,8 @@ class Session {
   Session(Clock& clock, std::string databaseListFile);
   ~Session();
 
-  // Opens the database folder (closing the one open); throws std::runtime_error when the folder
+  // Opens the database folder, named as Windows-1252 text as the automation names it (closing
+  // the one open); throws std::runtime_error when the folder
   // holds no address book, and then the open one stays.
   void Open(const std::string& folder);
   void Close();

@@ -24,6 +24,7 @@
 #include "Store.h"
 #include "platform/automation/MaximizerAutomation.h"
 #include "platform/ui/Clock.h"
+#include "runtime/Cp1252.h"
 
 namespace {
 
@@ -72,7 +73,7 @@ int Dump(const std::string& folder) {
 
 int ServeFolder(const std::string& folder, const std::string& socketPath, Clock& clock) {
   Session session(clock, socketPath + ".dblist.txt");
-  session.Open(folder);
+  session.Open(Utf8ToCp1252(folder));  // the session names folders as the automation does
   return Serve(socketPath, session, std::cout);
 }
 

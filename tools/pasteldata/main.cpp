@@ -13,7 +13,9 @@
 #include "pastel/PastelDataSet.h"
 #include "platform/ui/Clock.h"
 #include "platform/ui/ScriptUi.h"
+#include "runtime/Cp1252.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/SystemPath.h"
 #include "shell/AppInfo.h"
 #include "shell/Tolmen.h"
 
@@ -31,25 +33,27 @@ int main(int argc, char** argv) {
   using namespace tolmen;
   const std::string command = argc > 1 ? argv[1] : "";
   if (!((command == "create" && argc == 3) || (command == "dump" && argc == 4))) return Usage();
-  const std::string folder = argv[2];
 
   // Nothing here asks the user anything; a message a codec might show goes to stderr.
   RealClock clock;
   ScriptUi ui({}, &std::cerr, clock, "pasteldata");
-  Tolmen app(MakeAppInfo(folder + "/", TOLMEN_VERSION), ui, clock, "");
   try {
+    // The folder arrives as UTF-8; the system holds it as Windows-1252 text.
+    const std::string folder = PathFromSystem(argv[2]);
+    Tolmen app(MakeAppInfo(folder + "/", TOLMEN_VERSION), ui, clock, "");
     if (command == "create") {
       const std::string text((std::istreambuf_iterator<char>(std::cin)),
                              std::istreambuf_iterator<char>());
       CreatePastelSet(app, folder, nlohmann::json::parse(text));
     } else {
-      std::cout << DumpPastelFile(app, folder, argv[3]).dump(2) << "\n";
+      std::cout << DumpPastelFile(app, folder, PathFromSystem(argv[3])).dump(2) << "\n";
     }
   } catch (const nlohmann::json::exception& error) {
     std::cerr << "pasteldata: the JSON cannot be read: " << error.what() << "\n";
     return 1;
   } catch (const RuntimeError& error) {
-    std::cerr << "pasteldata: error " << error.Number() << ": " << error.Description() << "\n";
+    std::cerr << "pasteldata: error " << error.Number() << ": " << Cp1252ToUtf8(error.Description())
+              << "\n";
     return 1;
   } catch (const std::exception& error) {
     std::cerr << "pasteldata: " << error.what() << "\n";

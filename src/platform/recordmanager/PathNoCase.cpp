@@ -5,6 +5,8 @@
 
 #include <memory>
 
+#include "runtime/SystemPath.h"
+
 namespace tolmen {
 namespace {
 
@@ -56,7 +58,7 @@ std::string PathFromKeyBuffer(std::string_view keyBuf) {
     p = p.substr(1, p.size() - 2);
     trim();
   }
-  return std::string(p);
+  return SystemPath(std::string(p));
 }
 
 std::string FindPathNoCase(const std::string& path) {

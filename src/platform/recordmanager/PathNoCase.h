@@ -8,7 +8,8 @@
 namespace tolmen {
 
 // The path in a key buffer: up to the first NUL, without surrounding blanks, and without the
-// double quotes around it.
+// double quotes around it; as the file system names it (the buffer holds Windows-1252 text, the
+// file system UTF-8).
 std::string PathFromKeyBuffer(std::string_view keyBuf);
 
 // The existing file or folder that `path` names when letters are compared without regard to

@@ -14,6 +14,8 @@
 #include "platform/ui/HelpPage.h"
 #include "platform/ui/ProgramLauncher.h"
 #include "runtime/Cp1252.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/SystemPath.h"
 
 namespace tolmen {
 
@@ -50,7 +52,7 @@ std::string ResolveFileName(const std::string& typed, const FileDialogRequest& r
   std::string path = typed;
   if (path.rfind("~/", 0) == 0) {
     const char* home = std::getenv("HOME");
-    if (home != nullptr) path = std::string(home) + path.substr(1);
+    if (home != nullptr) path = PathFromSystem(home) + path.substr(1);
   } else if (!path.empty() && path[0] != '/') {
     path = request.initialFolder + path;
   }
@@ -114,12 +116,17 @@ ConsoleUi::ConsoleUi(std::istream& in, std::ostream& out, Clock& clock, std::str
                      Terminal terminal)
     : HeadlessUi(clock, std::move(defaultTitle)), in_(in), out_(out), terminal_(terminal) {}
 
-bool ConsoleUi::ReadLine(std::string& line) {
+bool ConsoleUi::ReadUtf8Line(std::string& line) {
   if (inputEnded_ || !std::getline(in_, line)) {
     inputEnded_ = true;
     return false;
   }
   if (!line.empty() && line.back() == '\r') line.pop_back();
+  return true;
+}
+
+bool ConsoleUi::ReadLine(std::string& line) {
+  if (!ReadUtf8Line(line)) return false;
   line = Utf8ToCp1252(line);
   return true;
 }
@@ -181,16 +188,22 @@ bool ConsoleUi::FileDialog(const FileDialogRequest& request, std::string& path) 
   PrintHeading(title, request.initialFolder.empty() ? "" : "Folder: " + request.initialFolder);
   Print(request.fileName.empty() ? "File name > " : "File name [" + request.fileName + "] > ");
   out_.flush();
-  std::string reply;
-  if (!ReadLine(reply)) {
+  std::string typed;
+  if (!ReadUtf8Line(typed)) {
     EchoAnswer("(cancelled)", false);
     return false;
   }
+  std::string reply = Utf8ToCp1252(typed);
   EchoAnswer(reply, true);
-  reply = Trim(reply);
-  if (reply.empty()) reply = request.fileName;
-  if (reply.empty()) return false;
-  path = ResolveFileName(reply, request);
+  try {
+    reply = Trim(PathFromSystem(typed));
+    if (reply.empty()) reply = request.fileName;
+    if (reply.empty()) return false;
+    path = ResolveFileName(reply, request);
+  } catch (const RuntimeError& refused) {  // a path Windows-1252 cannot hold
+    Print(refused.Description() + "\n");
+    return false;
+  }
   return true;
 }
 
@@ -282,7 +295,7 @@ bool ConsoleUi::PrintText(const std::string& text) {
 bool ConsoleUi::OpenInEditor(const std::string& path) {
   EndProgressLine();
   std::vector<std::string> command = EditorCommand();
-  command.push_back(path);
+  command.push_back(SystemPath(path));
   out_.flush();
   int status = 0;
   std::string error;
@@ -293,7 +306,7 @@ bool ConsoleUi::OpenInEditor(const std::string& path) {
 
 bool ConsoleUi::ShowHelp(const std::string& /*helpFile*/, const std::string& page) {
   EndProgressLine();
-  std::string file = FindHelpPage(page);
+  std::string file = FindHelpPage(SystemPath(page));
   if (file.empty()) {
     Print("Help page not found: " + page + "\n");
     return false;

@@ -69,6 +69,8 @@ class ConsoleUi final : public HeadlessUi {
  private:
   // Reads one line (UTF-8 in, Windows-1252 out); false at the end of input.
   bool ReadLine(std::string& line);
+  // The line as the terminal gives it (UTF-8).
+  bool ReadUtf8Line(std::string& line);
   // Writes an answer after its question when nobody saw it typed.
   void EchoAnswer(const std::string& answer, bool typed);
   void Print(const std::string& text);  // Windows-1252 text, converted

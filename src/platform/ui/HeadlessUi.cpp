@@ -3,6 +3,8 @@
 
 #include <fstream>
 
+#include "runtime/SystemPath.h"
+
 namespace tolmen {
 
 namespace {
@@ -34,7 +36,7 @@ void HeadlessUi::Wait(double seconds) {
 
 bool HeadlessUi::AnimationOpen(const std::string& path) {
   AnimationClose();
-  std::ifstream clip(path, std::ios::binary);
+  std::ifstream clip(SystemPath(path), std::ios::binary);
   if (!clip.good()) return false;
   animationPath_ = path;
   return true;
