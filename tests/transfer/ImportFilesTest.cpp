@@ -119,7 +119,7 @@ TEST_F(ImportFilesTest, AFileThatCannotOpenShowsTheSectionAndTheErrorTextAndAsks
   app_->run.CsvFileName = Folder() + "missing/MaxCus01.csv";
   EXPECT_FALSE(OpenCsvFiles(*app_));
   const std::string dialog =
-      "== MsgBox | Tolmen 1.0.0 for Maximizer 8, 9 and later | OK/Cancel | None\n"
+      "== MsgBox | Tolmen | OK/Cancel | None\n"
       "Opening CSV files\nPath not found\nPlease fix the Error and Click OK, or Cancel the run.\n";
   EXPECT_EQ(Transcript(), dialog + "-> OK\n" + dialog + "-> Cancel\n");
   EXPECT_FALSE(app_->importFiles.customer.IsOpen());
