@@ -6,7 +6,16 @@
 //
 // Exit status: 0 where the system ends the process; 1 when the last run counted errors, 2 when a
 // run could not start (or the front-end or the program's folder could not be had, or a path
-// Windows-1252 cannot hold was given), 3 when the last run was cancelled.
+// Windows-1252 cannot hold was given), 3 when the last run was cancelled, 4 when a script ended
+// inside a loop of dialogs.
+//
+// SIGTERM and SIGHUP (the session ends) are the system's close of the window: the handler writes a
+// byte on a pipe, and the front-end takes it where the window system runs.
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -31,6 +40,31 @@
 #endif
 
 namespace {
+
+// The pipe's write end: all a signal handler may touch.
+int sessionEndPipe = -1;
+
+void OnSessionEnd(int /*signal*/) {
+  const int saved = errno;
+  if (sessionEndPipe >= 0) {
+    [[maybe_unused]] const ssize_t written = write(sessionEndPipe, "x", 1);
+  }
+  errno = saved;
+}
+
+// Turns SIGTERM and SIGHUP into bytes on a pipe; the read end, or -1 when there is no pipe.
+int WatchSessionEnd() {
+  int ends[2];
+  if (pipe2(ends, O_NONBLOCK | O_CLOEXEC) != 0) return -1;
+  sessionEndPipe = ends[1];
+  struct sigaction action {};
+  action.sa_handler = OnSessionEnd;
+  sigemptyset(&action.sa_mask);
+  action.sa_flags = SA_RESTART;
+  sigaction(SIGTERM, &action, nullptr);
+  sigaction(SIGHUP, &action, nullptr);
+  return ends[0];
+}
 
 std::string Env(const char* name) {
   const char* value = std::getenv(name);
@@ -77,6 +111,7 @@ int RunQt(int argc, char** argv, const tolmen::AppInfo& info, tolmen::Clock& clo
   tolmen::ScreenActions actions(app.screen);
   tolmen::MainWindow window(app.screen, actions);
   ui.Attach(&window);
+  if (const int fd = WatchSessionEnd(); fd >= 0) ui.WatchSystemClose(fd);
   return tolmen::RunApplication(app, actions);
 }
 #endif
@@ -92,6 +127,7 @@ int RunHeadless(const std::string& kind, const std::string& commandLine,
   tolmen::Tolmen app(info, *ui, clock);
   app.shell.CommandLine = commandLine;
   tolmen::ScreenActions actions(app.screen);
+  if (const int fd = WatchSessionEnd(); fd >= 0) ui->WatchSystemClose(fd);
   return tolmen::RunApplication(app, actions);
 }
 

@@ -320,6 +320,13 @@ void FormBinding::Refresh(bool all) {
     entry.seen = entry.control->Revision();
     entry.copied = true;
   }
+  const FocusRequest& focus = form_.Focus();
+  if (focus.revision != focusSeen_) {
+    focusSeen_ = focus.revision;
+    for (Entry& entry : entries_)
+      if (entry.control == focus.control)
+        if (auto* widget = qobject_cast<QWidget*>(entry.object)) widget->setFocus();
+  }
   refreshing_ = false;
 }
 

@@ -39,7 +39,8 @@ class FormBinding : public QObject {
   // The objectName of a control's widget.
   static QString WidgetName(const Control& control);
 
-  // Copies the changed controls to their widgets; `all` copies every control.
+  // Copies the changed controls to their widgets; `all` copies every control. A control code
+  // asked for the focus since the last refresh gives its widget the focus.
   void Refresh(bool all = false);
   // Controls that found no widget of the right kind: a page's control whose widget is missing.
   QStringList Unbound() const { return unbound_; }
@@ -72,6 +73,7 @@ class FormBinding : public QObject {
   size_t boundCount_ = 0;
   QStringList unbound_;
   bool refreshing_ = false;
+  unsigned long focusSeen_ = 0;
 };
 
 }  // namespace tolmen

@@ -1,5 +1,6 @@
 #include "gui/QtUi.h"
 
+#include <unistd.h>
 #include <QApplication>
 #include <QClipboard>
 #include <QCoreApplication>
@@ -14,11 +15,13 @@
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QPushButton>
+#include <QSocketNotifier>
 #include <QStyle>
 #include <QSystemTrayIcon>
 #include <QTextDocument>
 #include <QTimer>
 #include <QUrl>
+
 #include <cstdlib>
 #include <filesystem>
 
@@ -82,6 +85,16 @@ void QtUi::Attach(MainWindow* window) {
   if (window_) disconnect(window_, nullptr, this, nullptr);
   window_ = window;
   if (window_) connect(window_, &MainWindow::refreshed, this, [this] { SyncTimers(); });
+}
+
+void QtUi::WatchSystemClose(int fd) {
+  systemClose_ = std::make_unique<QSocketNotifier>(fd, QSocketNotifier::Read);
+  connect(systemClose_.get(), &QSocketNotifier::activated, this, [this, fd] {
+    char bytes[16];
+    while (read(fd, bytes, sizeof bytes) > 0) {
+    }
+    if (window_) window_->RunUserAction([this] { window_->Window().RequestSystemClose(); });
+  });
 }
 
 QWidget* QtUi::DialogParent() const {

@@ -29,6 +29,7 @@
 #include "platform/ui/Ui.h"
 
 class QMovie;
+class QSocketNotifier;
 class QSystemTrayIcon;
 class QTimer;
 class QWidget;
@@ -61,6 +62,8 @@ class QtUi : public QObject, public Ui {
   void Yield(long clientOrdinal = 0) override;
   void Wait(double seconds) override;
   void Run(WindowModel& window) override;
+  // The event loop takes the request: the attached window is asked for the system's close.
+  void WatchSystemClose(int fd) override;
   void RegisterTimer(Timer& timer) override;
   void UnregisterTimer(Timer& timer) override;
 
@@ -98,6 +101,7 @@ class QtUi : public QObject, public Ui {
   std::map<Timer*, QTimer*> timers_;
   std::unique_ptr<QSystemTrayIcon> tray_;
   std::unique_ptr<QMovie> movie_;
+  std::unique_ptr<QSocketNotifier> systemClose_;
   int busyDepth_ = 0;
 };
 

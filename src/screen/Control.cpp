@@ -79,6 +79,12 @@ void Control::SetToolTipText(const std::string& text) {
   Changed();
 }
 
+void Control::SetFocus() {
+  if (focusRequest_ == nullptr) return;
+  focusRequest_->control = this;
+  ++focusRequest_->revision;
+}
+
 void Control::Raise(const Handler& handler) {
   if (!handler) return;
   if (eventDepth_ >= kMaxEventDepth) throw RuntimeError(28);

@@ -21,6 +21,14 @@
 namespace tolmen {
 
 class TabControl;
+class Control;
+
+// The control code last asked for the focus on a form; `revision` counts the requests, so that a
+// front-end moves the focus only when code asked for it.
+struct FocusRequest {
+  const Control* control = nullptr;
+  unsigned long revision = 0;
+};
 
 enum class ControlKind {
   Animation,
@@ -84,6 +92,11 @@ class Control {
   // Raised by every change a front-end shows.
   unsigned long Revision() const { return revision_; }
 
+  // Asks for the focus: the form's focus request names this control (nothing happens for a
+  // control on no form).
+  void SetFocus();
+  void SetFocusRequest(FocusRequest* request) { focusRequest_ = request; }
+
  protected:
   void Changed() { ++revision_; }
   // Runs a handler under the re-entry guard.
@@ -105,6 +118,7 @@ class Control {
   Handler onDblClick_;
   int eventDepth_ = 0;
   unsigned long revision_ = 0;
+  FocusRequest* focusRequest_ = nullptr;
 };
 
 // A control with a caption: buttons, check boxes, labels, option buttons, menu items. An

@@ -33,10 +33,16 @@ class ControlArrayBase {
     page_ = page;
     for (int index : Indexes()) Member(index)->SetPage(tabs, page);
   }
+  // Hands the form's focus request to the members, present and future.
+  void SetFocusRequest(FocusRequest* request) {
+    focusRequest_ = request;
+    for (int index : Indexes()) Member(index)->SetFocusRequest(request);
+  }
 
  protected:
   const TabControl* pageOwner_ = nullptr;
   int page_ = -1;
+  FocusRequest* focusRequest_ = nullptr;
 
  private:
   std::string name_;
@@ -60,6 +66,7 @@ class ControlArray : public ControlArrayBase {
     static_cast<Control&>(added).index_ = index;
     members_[index] = std::move(member);
     if (pageOwner_) added.SetPage(*pageOwner_, page_);
+    added.SetFocusRequest(focusRequest_);
     InstallClick(added);
     Adopt(added);
     return added;

@@ -53,6 +53,12 @@ void Form::RequestClose() {
   }
 }
 
+void Form::RequestSystemClose() {
+  if (!onSystemClose_) return RequestClose();
+  Handler run = onSystemClose_;
+  run();
+}
+
 Control* Form::Find(const std::string& name, int index) const {
   std::string key = UCase(name);
   if (index < 0) {
@@ -85,12 +91,14 @@ void Form::Register(Control& control) {
   CheckFree(control.Name());
   controls_.push_back(&control);
   controlsByName_[UCase(control.Name())] = &control;
+  control.SetFocusRequest(&focus_);
 }
 
 void Form::Register(ControlArrayBase& array) {
   CheckFree(array.Name());
   arrays_.push_back(&array);
   arraysByName_[UCase(array.Name())] = &array;
+  array.SetFocusRequest(&focus_);
 }
 
 void Form::Register(Control& control, const TabControl& tabs, int page) {

@@ -8,7 +8,8 @@
 // Life of a form, as with the classic forms: Show() loads a form that is not loaded (running its
 // load handler) and shows it; Hide() only hides it; Unload() hides it and marks it not loaded
 // (running its unload handler). RequestClose() is the window's close box: it runs the close
-// handler when one is set, otherwise it unloads.
+// handler when one is set, otherwise it unloads. RequestSystemClose() is the same close asked by
+// the end of the desktop session.
 #pragma once
 
 #include <functional>
@@ -45,9 +46,13 @@ class Form {
   void Hide();
   void Unload();
   void RequestClose();
+  // The close the desktop session's end asks for: its own handler when one is set, else the
+  // close box's.
+  void RequestSystemClose();
   void SetOnLoad(Handler handler) { onLoad_ = std::move(handler); }
   void SetOnUnload(Handler handler) { onUnload_ = std::move(handler); }
   void SetOnClose(Handler handler) { onClose_ = std::move(handler); }
+  void SetOnSystemClose(Handler handler) { onSystemClose_ = std::move(handler); }
 
   // Finds a control by name without regard to case: a control of its own when `index` is -1,
   // else the member `index` of a control array. nullptr when there is none.
@@ -63,6 +68,8 @@ class Form {
 
   // Raised by changes of the caption and of the loaded and shown states.
   unsigned long Revision() const { return revision_; }
+  // The control of this form that code last asked for the focus (Control::SetFocus).
+  const FocusRequest& Focus() const { return focus_; }
 
  protected:
   void Register(Control& control);
@@ -84,12 +91,14 @@ class Form {
   Handler onLoad_;
   Handler onUnload_;
   Handler onClose_;
+  Handler onSystemClose_;
   std::vector<Control*> controls_;
   std::vector<ControlArrayBase*> arrays_;
   std::vector<MenuItem*> menus_;
   std::map<std::string, Control*> controlsByName_;
   std::map<std::string, ControlArrayBase*> arraysByName_;
   unsigned long revision_ = 0;
+  FocusRequest focus_;
 };
 
 }  // namespace tolmen

@@ -249,6 +249,22 @@ void ScreenActions::RequestClose() {
     model_.frmMain.RequestClose();
 }
 
+void ScreenActions::RequestSystemClose() {
+  model_.frmMain.RequestSystemClose();
+}
+
+std::string ScreenActions::TakeFocusRequest() {
+  std::string asked;
+  for (const Form* form : model_.Forms()) {
+    const FocusRequest& focus = form->Focus();
+    unsigned long& seen = focusSeen_[form];
+    if (focus.revision == seen) continue;
+    seen = focus.revision;
+    if (focus.control != nullptr) asked = focus.control->DisplayName();
+  }
+  return asked;
+}
+
 std::string ScreenActions::StatusText() const {
   const MainForm& main = model_.frmMain;
   std::string out;

@@ -25,6 +25,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,10 @@ class ScreenActions : public WindowModel {
   bool IsVisible() const override;
   // Default: frmMain.RequestClose(), which unloads it unless the form has a close handler.
   void RequestClose() override;
+  // frmMain's close as the desktop session ends (Form::RequestSystemClose).
+  void RequestSystemClose() override;
+  // The last control of any form asked for the focus since the last call.
+  std::string TakeFocusRequest() override;
   // The visible, non-empty texts of the status label, the counters and the progress line,
   // joined by " | ", as the labels show them.
   std::string StatusText() const override;
@@ -76,6 +81,7 @@ class ScreenActions : public WindowModel {
   std::function<bool()> isVisible_;
   std::function<void()> close_;
   std::function<void(const std::vector<std::string>&)> tray_;
+  std::map<const Form*, unsigned long> focusSeen_;
 };
 
 }  // namespace tolmen

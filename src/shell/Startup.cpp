@@ -98,6 +98,9 @@ void WireShell(Tolmen& app) {
   form.SetOnClose([&app] {
     if (!Form_QueryUnload(app, vbFormControlMenu)) app.screen.frmMain.Unload();
   });
+  form.SetOnSystemClose([&app] {
+    if (!Form_QueryUnload(app, vbAppWindows)) app.screen.frmMain.Unload();
+  });
   form.cmdAbort.SetOnClick([&app] { cmdAbort_Click(app); });
   form.mnuOptnDebug.SetOnClick([&app] { DebugLevelDialog(app); });
 }

@@ -17,7 +17,8 @@ inline constexpr int vbAppWindows = 2;       // the desktop session ends
 inline constexpr int vbAppTaskManager = 3;   // the process is told to end from outside
 
 // Hangs the shell's handlers on frmMain: load, unload, the close box (Form_QueryUnload with
-// vbFormControlMenu, then Unload), the Pause button and the debugging level menu item.
+// vbFormControlMenu, then Unload), the end of the desktop session (the same with vbAppWindows),
+// the Pause button and the debugging level menu item.
 void WireShell(Tolmen& app);
 
 // Load: the settings and levels, the "Today is" box, the caption, the tabs and ticks the settings

@@ -88,9 +88,9 @@ bool OpenCsvFiles(Tolmen& app) {
       const std::string why = fs::exists(SystemPath(name)) ? RuntimeError(75).Description()
                                                            : RuntimeError(76).Description();
       const std::string& br = app.info.LineBreak;
-      const int answer = app.ui.MsgBox(app.run.CurrentSection + br + why + ": " + name + br +
+      const int answer = app.ui.MsgBox(app.run.CurrentSection + br + why + br +
                                            "Please fix the Error and Click OK, or Cancel the run.",
-                                       vbOKCancel + vbExclamation, app.info.AppTitle);
+                                       vbOKCancel);
       if (answer != vbOK) return false;
     }
   };

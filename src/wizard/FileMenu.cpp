@@ -36,9 +36,10 @@ FileDialogRequest TemplateDialog(Tolmen& app, bool save) {
 void OpenTemplateFromMenu(Tolmen& app, bool parts) {
   std::string path;
   if (!app.ui.FileDialog(TemplateDialog(app, false), path)) return;
-  if (!TemplateOpen(app, path, parts)) return;
-  // A template opened anew may warn about its database again.
+  // A template opened anew may warn about its database again, once: a read in parts shows the
+  // "To Pastel" page, whose warning then counts for the template.
   app.wizard.DatabaseWarned = false;
+  if (!TemplateOpen(app, path, parts)) return;
   SetOptions(app);
   if (app.pastel.PastelProduct == kPastel2007)
     app.screen.frmMain.tabDlg.SetTab(MainForm::kTabTransfer);

@@ -17,6 +17,7 @@ void optCategory_Click(Tolmen& app, int index) {
     form.txtCategory(0).SetText("New Category Description");
     // The next free number, as the category list was last loaded from the file.
     form.txtCategory(1).SetText(std::to_string(NextCategoryNumber(app)));
+    form.txtCategory(0).SetFocus();
   }
 }
 

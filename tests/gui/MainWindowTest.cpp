@@ -1,6 +1,8 @@
 // The Qt window bound to the screen model: what the model says reaches the widgets, and what a
 // user does to the widgets reaches the model.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QAction>
 #include <QApplication>
@@ -228,6 +230,33 @@ TEST_F(MainWindowTest, TheCloseBoxGoesThroughTheModelAndRunEndsWhenTheFormUnload
   ui.Run(actions);  // returns once the form has unloaded
   EXPECT_FALSE(model.frmMain.IsLoaded());
   EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, AFocusRequestFocusesTheWidgetAndTheSessionsEndClosesTheWindow) {
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  model.frmMain.tabDlg.SetTab(MainForm::kTabToPastel);
+  model.frmMain.txtCategory(0).SetFocus();
+  window.Refresh();
+  EXPECT_EQ(QApplication::focusWidget(), Widget<QLineEdit>("txtCategory_0"));
+
+  // SIGTERM and SIGHUP arrive as a byte on a pipe; the event loop takes it.
+  int ends[2];
+  ASSERT_EQ(pipe2(ends, O_NONBLOCK | O_CLOEXEC), 0);
+  int refused = 0;
+  model.frmMain.SetOnSystemClose([&] {
+    if (++refused == 2) model.frmMain.Unload();
+  });
+  VirtualClock clock(45366.5);
+  QtUi ui(clock);
+  ui.Attach(&window);
+  ui.WatchSystemClose(ends[0]);
+  for (int ms : {20, 60}) QTimer::singleShot(ms, &window, [&] { (void)!write(ends[1], "x", 1); });
+  ui.Run(actions);  // returns once the second request has unloaded the form
+  EXPECT_EQ(refused, 2);
+  EXPECT_FALSE(model.frmMain.IsLoaded());
+  close(ends[0]);
+  close(ends[1]);
 }
 
 }  // namespace

@@ -71,9 +71,9 @@ TEST_F(CommandLineTest, MissingTemplateIsReportedAndCurrentKtfIsNotRead) {
                 "-> OK\n");
   EXPECT_TRUE(opened_.empty());
   EXPECT_EQ(autoRunLooks_, 0);
-  // The factory's empty screen: the defaults were not loaded either.
+  // The form as it starts: the defaults were not loaded either.
   EXPECT_EQ(app_->screen.frmMain.Dir1.Text(), "");
-  EXPECT_EQ(app_->screen.frmMain.optImport.Value(), -1);
+  EXPECT_EQ(app_->screen.frmMain.optImport.Value(), 2);
   // "/q" asked to quit after a run, but there was none: the window closed normally.
   EXPECT_TRUE(fs::exists(SettingsPath()));
 }

@@ -2,8 +2,13 @@
 // start, and the settings file it leaves behind.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
+
+#include <chrono>
+#include <functional>
+#include <thread>
 
 #include "ShellFixture.h"
 
@@ -14,10 +19,12 @@ namespace {
 
 class ProcessTest : public ::testing::Test {
  protected:
-  // Runs tolmen with `args` and an empty script as its user; its exit status (-1 if it did not
-  // end normally).
-  int Tolmen(const std::vector<std::string>& args) {
-    WriteText(dir_.File("script.txt"), "");
+  // Runs tolmen with `args` and `script` as its user; its exit status (-1 if it did not end
+  // normally, or not within 30 seconds, when it is killed). `whileRunning` is called with the
+  // process id every 50 ms until the process ends. `realClock` leaves the time unset.
+  int Tolmen(const std::vector<std::string>& args, const std::string& script = "",
+             const std::function<void(pid_t)>& whileRunning = {}, bool realClock = false) {
+    WriteText(dir_.File("script.txt"), script);
     fs::create_directories(dir_.File(home_));
     std::vector<std::string> env = {"TOLMEN_UI=script",
                                     "TOLMEN_SCRIPT=" + dir_.File("script.txt"),
@@ -27,9 +34,9 @@ class ProcessTest : public ::testing::Test {
                                     "XDG_RUNTIME_DIR=" + dir_.File("run"),
                                     "MAXIMIZER_SOCKET=" + dir_.File("run/none.sock"),
                                     "HOME=" + dir_.File("user"),
-                                    "TOLMEN_NOW=2024-06-15 12:00:00",
                                     "TZ=UTC",
                                     "LC_ALL=C"};
+    if (!realClock) env.push_back("TOLMEN_NOW=2024-06-15 12:00:00");
     std::vector<std::string> argv = {std::string(TOLMEN_BIN_DIR) + "/tolmen"};
     argv.insert(argv.end(), args.begin(), args.end());
     std::vector<char*> argp, envp;
@@ -47,8 +54,17 @@ class ProcessTest : public ::testing::Test {
     posix_spawn_file_actions_destroy(&actions);
     if (spawned != 0) return -1;
     int status = 0;
-    if (waitpid(pid, &status, 0) != pid || !WIFEXITED(status)) return -1;
-    return WEXITSTATUS(status);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (waitpid(pid, &status, WNOHANG) == 0) {
+      if (std::chrono::steady_clock::now() > deadline) {
+        kill(pid, SIGKILL);
+        waitpid(pid, &status, 0);
+        return -1;
+      }
+      if (whileRunning) whileRunning(pid);
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
   std::string Transcript() const { return ReadFile(dir_.File("transcript.txt")); }
   std::string Errors() const { return ReadFile(dir_.File("stderr.txt")); }
@@ -122,6 +138,34 @@ TEST_F(ProcessTest, AccentedProgramFolderAndTemplateNamesAreFound) {
   EXPECT_FALSE(fs::exists(dir_.File("transcript.txt")));
   EXPECT_EQ(Errors(), "tolmen: The path " + dir_.File("home-?") +
                           "/ holds a character outside Windows-1252 and cannot be used\n");
+}
+
+TEST_F(ProcessTest, ACloseFromTheSystemUnloadsTheWindowAndSavesTheSettings) {
+  // The script waits for minutes on the real clock; the session ends meanwhile.
+  bool sent = false;
+  const int status = Tolmen(
+      {}, "@minutes 5\n",
+      [&](pid_t pid) {
+        if (!sent && Contains(Transcript(), "@ minutes 5\n")) sent = kill(pid, SIGTERM) == 0;
+      },
+      true);
+  EXPECT_TRUE(sent);
+  EXPECT_EQ(status, 0);
+  EXPECT_TRUE(Contains(Settings(), "MultiYear=0\n"));
+}
+
+TEST_F(ProcessTest, ADialogThatComesBackAfterTheScriptEndedEndsTheProcessWithFour) {
+  // A template whose Pastel folder holds no Pastel set: the folder box proposes the same folder
+  // again and again.
+  WriteText(dir_.File("home/damaged.KTF"),
+            "TOLMEN TEMPLATE FILE\r\n*Pastel Data Folder: /\r\nPastel Password: \r\n");
+  EXPECT_EQ(Tolmen({}, "@click mnuFile \"&Open Template...\"\n= " + dir_.File("home/damaged.KTF")),
+            4);
+  // The box was answered by default; the second time it came straight back, the process ended.
+  const std::string transcript = Transcript();
+  const std::string end = "-> = /\n!! script ended inside a loop\n";
+  ASSERT_GT(transcript.size(), end.size()) << transcript;
+  EXPECT_EQ(transcript.substr(transcript.size() - end.size()), end) << transcript;
 }
 
 }  // namespace

@@ -94,6 +94,16 @@ TEST_F(TemplateTest, SaveReplacesTheFileAsAPrivateOne) {
   EXPECT_FALSE(fs::exists(Path("no such folder")));
 }
 
+TEST_F(TemplateTest, AScreenAsTheFormStartsSavesATemplateThatOpensAgain) {
+  Begin();  // no template and no defaults loaded: the form as it starts
+  const std::string path = Path("start.ktf");
+  TemplateSave(*app_, path);
+  EXPECT_NE(Read(path).find("\r\nImport Which Data: 3 \r\n"), std::string::npos) << Read(path);
+  Begin({"Cancel"});  // no Pastel folder was chosen: the folder box is cancelled
+  EXPECT_TRUE(TemplateOpen(*app_, path)) << Transcript();
+  EXPECT_EQ(Form().optImport.Value(), 2);
+}
+
 TEST_F(TemplateTest, SetOptionsDerivesTheRunsValues) {
   Begin();
   MainForm& form = Form();

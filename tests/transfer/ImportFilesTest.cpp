@@ -114,14 +114,13 @@ TEST_F(ImportFilesTest, CustomerAndInvoiceLinesAsPastelReadsThem) {
           "\"4\",\"\",\"\"\r\n");
 }
 
-TEST_F(ImportFilesTest, AFileThatCannotOpenAsksUntilCancelled) {
+TEST_F(ImportFilesTest, AFileThatCannotOpenShowsTheSectionAndTheErrorTextAndAsksUntilCancelled) {
   Start({"OK", "Cancel"});
   app_->run.CsvFileName = Folder() + "missing/MaxCus01.csv";
   EXPECT_FALSE(OpenCsvFiles(*app_));
   const std::string dialog =
-      "== MsgBox | Tolmen 1.0.0 for Maximizer 8, 9 and later | OK/Cancel | Exclamation\n"
-      "Opening CSV files\nPath not found: " +
-      app_->run.CsvFileName + "\nPlease fix the Error and Click OK, or Cancel the run.\n";
+      "== MsgBox | Tolmen | OK/Cancel | None\n"
+      "Opening CSV files\nPath not found\nPlease fix the Error and Click OK, or Cancel the run.\n";
   EXPECT_EQ(Transcript(), dialog + "-> OK\n" + dialog + "-> Cancel\n");
   EXPECT_FALSE(app_->importFiles.customer.IsOpen());
   // Writing a line with no file open is the caller's error.

@@ -3,10 +3,13 @@
 // as a user would. The transcript and the log are compared as they stand.
 #include "transfer/Max2Pastel.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "shell/RunLog.h"
 #include "shell/ShellFixture.h"
+#include "shell/Startup.h"
 #include "transfer/AccountCodes.h"
 #include "transfer/RunStart.h"
 
@@ -100,6 +103,30 @@ TEST_F(Max2PastelTest, EndAtTheFirstClientKeepsTheResultDialog) {
   const std::string shown =
       "Started: 12:00 \xB7 Elapsed: 00:01 \xB7 Est. Finish: 12:03 \xB7 Progress: 33% \xB7 ";
   EXPECT_EQ(progress.substr(0, shown.size()), shown);
+}
+
+TEST_F(Max2PastelTest, TheSessionsEndIsRefusedDuringARunWhichGoesOn) {
+  Prepare({"@click cmdNext"}, 3, false);
+  WireShell(*app_);
+  int ends[2];
+  ASSERT_EQ(pipe2(ends, O_NONBLOCK | O_CLOEXEC), 0);
+  ui_->WatchSystemClose(ends[0]);
+  bool loadedAfterLoop = false;
+  auto loop = app_->stages.TransferClients;
+  app_->stages.TransferClients = [&] {
+    ASSERT_EQ(write(ends[1], "x", 1), 1);  // SIGTERM as the session ends
+    loop();
+    loadedAfterLoop = app_->screen.frmMain.IsLoaded();
+  };
+  Play();
+  EXPECT_EQ(clientsDone_, 3);
+  EXPECT_TRUE(loadedAfterLoop);
+  // Taken at the first yield of the run and refused there, so the end of the script closes.
+  char left = 0;
+  EXPECT_EQ(read(ends[0], &left, 1), -1);
+  EXPECT_FALSE(app_->screen.frmMain.IsLoaded());
+  close(ends[0]);
+  close(ends[1]);
 }
 
 TEST_F(Max2PastelTest, CancelLogsItAndShowsTheCancelMessage) {

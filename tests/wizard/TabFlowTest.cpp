@@ -221,6 +221,22 @@ TEST_F(TabFlowTest, DatabaseChangeWarningIsGivenOncePerTemplateAndNoGoesBackToTh
   EXPECT_EQ(window_->pages, (std::vector<int>{5, 0, 1, 2}));
 }
 
+TEST_F(TabFlowTest, DatabaseChangeWarningIsGivenOnceForATemplateImportedInParts) {
+  ServeSmallBook();
+  const std::string path = WriteTemplate(dir_.File("old-book"));
+  // Every part is taken (the default Yes); the "To Pastel" part shows its page, which warns.
+  Play({"@click mnuFile \"&Import Parts of Template...\"", "= " + path, "@tab 0", "@tab 1"});
+  EXPECT_EQ(Count("Warning: Maximizer Database change!"), 1) << Transcript();
+}
+
+TEST_F(TabFlowTest, ANewCategoryTakesTheFocusToItsDescription) {
+  ServeSmallBook();
+  Play({"@set Dir1 " + Pastel(), "@tab 1", "@click optCategory 1", "@click optCategory 0"});
+  EXPECT_THAT(Transcript(),
+              HasSubstr("@ click optCategory 1\n-- focus txtCategory(0)\n@ click optCategory 0\n"));
+  EXPECT_EQ(Count("-- focus"), 1);
+}
+
 TEST_F(TabFlowTest, LimitLogFileSizeStoresANumericAnswerAndTicksTheItem) {
   const std::string limit = "@click mnuFile \"&Limit Log File Size...\"";
   const auto prompt = [](const std::string& shown, const std::string& answer) {

@@ -216,6 +216,7 @@ void ConsoleUi::Beep() {
 
 void ConsoleUi::Yield(long /*clientOrdinal*/) {
   RunDueTimers(!clock_.IsVirtual());
+  PollSystemClose();
   ShowProgress();
 }
 
@@ -264,6 +265,7 @@ void ConsoleUi::RunInBackground(WindowModel& window) {
   SignalWatch signals;
   auto waiting = [&] { return window.IsOpen() && !window.IsVisible() && timers_.AnyActive(); };
   while (waiting()) {
+    if (PollSystemClose()) continue;
     timers_.FireDue(clock_.Now());
     ShowProgress();
     if (!waiting()) break;

@@ -1,6 +1,11 @@
 // What the console and script front-ends share.
 #include "platform/ui/HeadlessUi.h"
 
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cmath>
 #include <fstream>
 
 #include "runtime/SystemPath.h"
@@ -32,6 +37,26 @@ void HeadlessUi::Wait(double seconds) {
   timers_.Look(clock_.Now());
   clock_.Sleep(seconds);
   Yield(0);
+}
+
+bool HeadlessUi::PollSystemClose() {
+  if (systemCloseFd_ < 0) return false;
+  bool asked = false;
+  char bytes[16];
+  while (read(systemCloseFd_, bytes, sizeof bytes) > 0) asked = true;
+  if (asked && window_ != nullptr) window_->RequestSystemClose();
+  return asked;
+}
+
+void HeadlessUi::SleepUnlessClosing(double seconds) {
+  if (clock_.IsVirtual() || systemCloseFd_ < 0) return clock_.Sleep(seconds);
+  const double end = clock_.Now() + seconds / 86400.0;
+  for (;;) {
+    const int ms = static_cast<int>(std::ceil(std::max(0.0, (end - clock_.Now()) * 86400000.0)));
+    pollfd ready{systemCloseFd_, POLLIN, 0};
+    // Another signal cuts the wait short too; it goes on for the rest of the time.
+    if (ms <= 0 || poll(&ready, 1, ms) >= 0) return;
+  }
 }
 
 bool HeadlessUi::AnimationOpen(const std::string& path) {

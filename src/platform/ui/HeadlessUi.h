@@ -25,6 +25,7 @@ class HeadlessUi : public Ui {
   void RegisterTimer(Timer& timer) override;
   void UnregisterTimer(Timer& timer) override;
   void SetMainWindow(WindowModel* window) override { window_ = window; }
+  void WatchSystemClose(int fd) override { systemCloseFd_ = fd; }
   // Sleeps on the clock (a virtual one moves on), then yields. Timers switched on before the
   // wait count from its start.
   void Wait(double seconds) override;
@@ -58,6 +59,11 @@ class HeadlessUi : public Ui {
   // Records a tray call; the tip loses the padding (trailing blanks and NULs) it may carry.
   // Returns the tip as kept.
   std::string NoteTray(bool shown, const std::string& tip);
+  // When the session asked the program to end since the last look, asks the main window for the
+  // system's close. True when it was asked.
+  bool PollSystemClose();
+  // Sleeps on the clock; on the real clock a request to end cuts the sleep short.
+  void SleepUnlessClosing(double seconds);
 
   Clock& clock_;
   std::string defaultTitle_;
@@ -65,6 +71,7 @@ class HeadlessUi : public Ui {
   WindowModel* window_ = nullptr;
 
  private:
+  int systemCloseFd_ = -1;
   std::string clipboard_;
   bool busy_ = false;
   std::string animationPath_;

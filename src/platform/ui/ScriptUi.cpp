@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <fstream>
 #include <ostream>
 
@@ -13,6 +14,8 @@ namespace tolmen {
 namespace {
 
 constexpr int kMinuteMs = 60000;
+// How often the dialog answered by default may come straight back before it counts as a loop.
+constexpr int kLoopRepeats = 2;
 
 // Reads a whole argument as a number not below `least`.
 bool ReadCount(const UiAction& action, long least, long& value) {
@@ -77,11 +80,35 @@ void ScriptUi::WriteLines(const std::string& text) {
   for (const std::string& line : SplitLines(text)) Write(line);
 }
 
+void ScriptUi::NoteFocus() {
+  if (window_ == nullptr) return;
+  const std::string asked = window_->TakeFocusRequest();
+  if (!asked.empty()) Write("-- focus " + asked);
+}
+
+void ScriptUi::ShowDialog(const std::string& heading, const std::string& text, bool writeText) {
+  NoteFocus();
+  // Once the script has ended every dialog takes its default. A dialog may come twice in a row
+  // (asked once more by the next step); the same dialog back a third time comes back for ever.
+  const std::string dialog = heading + '\n' + text;
+  if (Finished() && dialog == lastDefaulted_) {
+    if (++repeats_ >= kLoopRepeats) {
+      Note("script ended inside a loop");
+      std::exit(kExitScriptLoop);
+    }
+  } else {
+    repeats_ = 0;
+  }
+  lastDefaulted_ = Finished() ? dialog : std::string();
+  Write(heading);
+  if (writeText) WriteLines(text);
+}
+
 int ScriptUi::MsgBox(const std::string& prompt, int style, const std::string& title) {
   std::string icon = MsgBoxIconName(style);
-  Write("== MsgBox | " + TitleOr(title) + " | " + JoinButtons(style) + " | " +
-        (icon.empty() ? "None" : icon));
-  WriteLines(prompt);
+  ShowDialog("== MsgBox | " + TitleOr(title) + " | " + JoinButtons(style) + " | " +
+                 (icon.empty() ? "None" : icon),
+             prompt);
 
   int answer = MsgBoxDefaultAnswer(style);
   if (const ScriptLine* line = PeekAnswer()) {
@@ -100,8 +127,7 @@ int ScriptUi::MsgBox(const std::string& prompt, int style, const std::string& ti
 
 std::string ScriptUi::InputBox(const std::string& prompt, const std::string& title,
                                const std::string& defaultText) {
-  Write("== InputBox | " + TitleOr(title) + " | " + defaultText);
-  WriteLines(prompt);
+  ShowDialog("== InputBox | " + TitleOr(title) + " | " + defaultText, prompt);
 
   std::string text = defaultText;
   bool cancelled = false;
@@ -120,7 +146,8 @@ std::string ScriptUi::InputBox(const std::string& prompt, const std::string& tit
 
 bool ScriptUi::FileDialog(const FileDialogRequest& request, std::string& path) {
   std::string title = request.title.empty() ? (request.save ? "Save As" : "Open") : request.title;
-  Write("== FileDialog | " + title + " | " + (request.save ? "Save" : "Open"));
+  ShowDialog("== FileDialog | " + title + " | " + (request.save ? "Save" : "Open"),
+             request.initialFolder + request.fileName, false);
 
   std::string chosen;
   if (const ScriptLine* line = PeekAnswer()) {
@@ -148,6 +175,8 @@ void ScriptUi::Beep() {
 
 void ScriptUi::Yield(long clientOrdinal) {
   RunDueTimers(false);
+  PollSystemClose();
+  NoteFocus();
   if (pendingPause_ && clientOrdinal == *pendingPause_ && window_ != nullptr) {
     pendingPause_.reset();
     UiAction pause{"click", {"cmdAbort"}, "@click cmdAbort"};
@@ -160,6 +189,7 @@ void ScriptUi::Run(WindowModel& window) {
   WindowModel* outer = window_;
   window_ = &window;
   while (window.IsOpen()) {
+    if (PollSystemClose()) continue;
     if (Finished()) {
       window.RequestClose();
       if (window.IsOpen()) Note("window still open at end of script");
@@ -185,7 +215,8 @@ void ScriptUi::PerformAction(const UiAction& action, WindowModel& window) {
     if (!ReadCount(action, 0, count)) return Note("bad action: " + action.line);
     auto minuteTimer = [](const Timer& timer) { return timer.Interval() == kMinuteMs; };
     for (long tick = 0; tick < count && window.IsOpen(); ++tick) {
-      clock_.Sleep(60);
+      SleepUnlessClosing(60);
+      if (PollSystemClose()) continue;
       timers_.FireAll(clock_.Now(), minuteTimer);
     }
   } else if (action.verb == "close") {
@@ -199,6 +230,7 @@ void ScriptUi::PerformAction(const UiAction& action, WindowModel& window) {
 void ScriptUi::HandOver(const UiAction& action, WindowModel& window) {
   std::string reason = window.Perform(action);
   if (!reason.empty()) Note("not done: " + reason);
+  NoteFocus();
 }
 
 bool ScriptUi::PrintText(const std::string& text) {

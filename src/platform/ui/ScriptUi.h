@@ -25,6 +25,11 @@
 //                 proposed name (initial folder + file name) when there is one; any other answer
 //                 is noted and the dialog cancelled
 //
+// A LOOP: when the script has ended and the dialog just answered by default comes back at once
+// with the same text for the second time (the third showing in a row), the front-end writes
+// "!! script ended inside a loop" and ends the process with exit status 4 (kExitScriptLoop), so
+// that a script never waits for ever. One repeat is allowed: the next step may ask again.
+//
 // ACTIONS are performed when the wizard waits for its user, inside Run: one after another, each
 // handed to WindowModel::Perform, except these, which the front-end performs itself:
 //   @pause N     remembered; performed as the action click "cmdAbort" at the first
@@ -38,6 +43,8 @@
 // Run returns as soon as the window is no longer open (it is asked after every action). When an
 // answer is met while waiting, no dialog was there to take it: it is noted and skipped. When the
 // script has ended, Run asks the window to close and returns; a window still open then is noted.
+// A request to end from the session (see Ui::WatchSystemClose) is taken at yields, between
+// actions and during @minutes, whose sleep on the real clock it cuts short.
 //
 // THE TRANSCRIPT (UTF-8, each line ending in "\n", flushed line by line). Dialog titles left
 // empty show the application's name (a file dialog's: "Open" or "Save As").
@@ -54,11 +61,14 @@
 //   -> PATH          or: -> Cancel
 //
 //   @ click mnuFile "&Save Template..."   every action as written, '@' followed by a blank
+//   -- focus txtCategory(0)               code asked for the focus (noted after the action, at
+//                                         a yield or before the next dialog)
 //   !! no dialog for: Yes                 an answer met while waiting, skipped
 //   !! not a button here: Retry           an answer a dialog cannot take; written before "->"
 //   !! not done: REASON                   an action WindowModel::Perform did not do
 //   !! bad action: @pause x               a @pause, @minutes or @close the front-end cannot read
 //   !! window still open at end of script
+//   !! script ended inside a loop
 //   == Print                              followed by the printed text's lines
 //   == Editor PATH
 //   == Help FILE PAGE
@@ -80,6 +90,9 @@
 #include "platform/ui/ScriptReader.h"
 
 namespace tolmen {
+
+// The exit status of a process whose script ended inside a loop of dialogs.
+inline constexpr int kExitScriptLoop = 4;
 
 class ScriptUi final : public HeadlessUi {
  public:
@@ -126,6 +139,11 @@ class ScriptUi final : public HeadlessUi {
   void Write(const std::string& line);
   void WriteLines(const std::string& text);
   void Note(const std::string& text) { Write("!! " + text); }
+  // Writes "-- focus CONTROL" when code asked for the focus since the last look.
+  void NoteFocus();
+  // Writes a dialog's heading and (with `writeText`) its text; ends the process when the script
+  // has ended and the dialog answered by default comes back a second time.
+  void ShowDialog(const std::string& heading, const std::string& text, bool writeText = true);
   // Performs one action line of the script.
   void PerformAction(const UiAction& action, WindowModel& window);
   // Hands an action to the window and notes a refusal.
@@ -136,6 +154,9 @@ class ScriptUi final : public HeadlessUi {
   std::unique_ptr<std::ostream> ownedTranscript_;
   std::ostream* transcript_ = nullptr;
   std::optional<long> pendingPause_;
+  // The last dialog (heading and text) answered by default after the script had ended.
+  std::string lastDefaulted_;
+  int repeats_ = 0;  // how often it came straight back
 };
 
 }  // namespace tolmen

@@ -44,7 +44,7 @@ constexpr int vbNo = 7;
 // ("Critical", "Question", "Exclamation", "Information" or "" for none), its default answer, and
 // the answer a window's close box gives (Cancel where the set has one, else the only/last button).
 std::vector<int> MsgBoxButtons(int style);
-std::string MsgBoxButtonName(int answer);  // 6 -> "Yes"
+std::string MsgBoxButtonName(int answer);           // 6 -> "Yes"
 int MsgBoxAnswerFromName(const std::string& name);  // "yes" -> 6, case-insensitive; 0 if unknown
 std::string MsgBoxIconName(int style);
 int MsgBoxDefaultAnswer(int style);
@@ -73,12 +73,17 @@ class WindowModel {
   virtual bool IsVisible() const = 0;
   // The close box of the main window: asks the form to unload (it may refuse).
   virtual void RequestClose() = 0;
+  // The desktop session ends (SIGTERM, SIGHUP): the close the system's shutdown asks for, which
+  // the form refuses during a run.
+  virtual void RequestSystemClose() { RequestClose(); }
+  // The control code asked for the focus since the last call ("txtCategory(0)"), or "".
+  virtual std::string TakeFocusRequest() { return ""; }
   // The progress line and the status label as they stand, for front-ends without widgets.
   virtual std::string StatusText() const = 0;
 };
 
 struct FileDialogRequest {
-  bool save = false;             // Save dialog, else Open
+  bool save = false;  // Save dialog, else Open
   std::string title;
   std::string filter;            // "Templates (*.ktf)|*.ktf|All Files (*.*)|*.*"
   std::string initialFolder;     // with trailing '/'
@@ -114,6 +119,10 @@ class Ui {
   // template on the command line) can show its progress; nullptr forgets it. Run names its
   // window itself. The window must outlive the naming.
   virtual void SetMainWindow(WindowModel* /*window*/) {}
+  // `fd` becomes readable when the desktop session asks the program to end (the start-up turns
+  // SIGTERM and SIGHUP into a byte on a pipe). The front-end drains it where the window system
+  // runs (yields, its event loop) and asks the main window for the system's close.
+  virtual void WatchSystemClose(int /*fd*/) {}
   // Timers of the forms register here so that the front-end makes them tick. A timer that is
   // disabled or has interval 0 does not tick. The timer must outlive its registration.
   virtual void RegisterTimer(Timer& timer) = 0;

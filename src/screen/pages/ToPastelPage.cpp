@@ -27,6 +27,15 @@ ToPastelPage::ToPastelPage() {
   optMismatch.Add(1, "Ask what to do").SetToolTipText("Ask what to do for every Mismatch");
   optMismatch.Add(2, "Fix Obvious Errors, Log the Rest")
       .SetToolTipText("In case of Mismatches, fix Maximizer account code UDF");
+
+  // The form as it was designed: an existing category, the marked clients (no criteria UDF chosen
+  // yet, so no value to match) and mismatches only logged. Every group has a button on, so a
+  // template saved before anything was loaded opens again.
+  optCategory.Set(0);
+  optImport.Set(2);
+  lblUserFldVal.SetEnabled(false);
+  txtUserFldVal.SetEnabled(false);
+  optMismatch.Set(0);
 }
 
 PageControls ToPastelPage::ToPastelPageControls() {
