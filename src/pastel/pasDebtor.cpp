@@ -57,7 +57,7 @@ void pasDebtor::DELETE() {
 }
 
 void pasDebtor::WriteLine() {
-  STATUS_ = 0;
+  STATUS_ = kStatusOk;
   if (!app_.run.WriteCsv) return;
   WriteCustomerLine(app_, DebtorCsvLine(*this, app_.pastelFiles.Delivery()));
 }

@@ -18,10 +18,10 @@ class pasDebtor : public PastelRecord {
   void UPDATE() { WriteLine(); }
   // Shows "Can't Delete Pastel Debtor!" and returns.
   void DELETE();
-  void UNLOCK_() { IO(27); }
+  void UNLOCK_() { IO(kOpUnlock); }
   void GET_BY_PERCENT() {}
-  // STATUS_ becomes 0; with the run's WriteCsv on, the customer line of this debtor and the open
-  // set's delivery record goes to the run's customer file.
+  // STATUS_ becomes kStatusOk; with the run's WriteCsv on, the customer line of this debtor and the
+  // open set's delivery record goes to the run's customer file.
   void WriteLine();
 };
 

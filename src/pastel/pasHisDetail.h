@@ -17,7 +17,7 @@ class pasHisDetail : public PastelRecord {
   void INSERT() { WriteLine(); }
   void UPDATE() { WriteLine(); }
   void DELETE() {}
-  void UNLOCK_() { IO(27); }
+  void UNLOCK_() { IO(kOpUnlock); }
   // With the run's WriteCsv on, the import-line writer writes the detail line; with it off
   // nothing happens. Raises RuntimeError(91) when WriteCsv is on and no writer is set.
   void WriteLine();

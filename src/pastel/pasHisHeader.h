@@ -16,7 +16,7 @@ class pasHisHeader : public PastelRecord {
   void INSERT() { WriteLine(); }
   void UPDATE() { WriteLine(); }
   void DELETE() {}
-  void UNLOCK_() { IO(27); }
+  void UNLOCK_() { IO(kOpUnlock); }
   // With the run's WriteCsv on, the import-line writer writes the header line; with it off
   // nothing happens. Raises RuntimeError(91) when WriteCsv is on and no writer is set.
   void WriteLine();
