@@ -19,7 +19,6 @@ TEST(ConfigFolder, ComesFromXdgConfigHomeThenHome) {
       {"/c/cfg", "/h/user", "/c/cfg"},
       {"/c/cfg//", "/h/user", "/c/cfg"},
       {"", "/h/user", "/h/user/.config"},
-      {"", "/h/user/", "/h/user/.config"},
       {"", "", ""},
   };
   for (const auto& c : cases) {
