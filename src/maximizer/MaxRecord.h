@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/BtObject.h"
 
 namespace tolmen {
@@ -35,7 +36,7 @@ class MaxRecord : public BtObject {
   void FOpen(const std::string& fileName, std::optional<std::int16_t> openMode = std::nullopt,
              const std::optional<std::string>& owner = std::nullopt,
              const std::optional<std::string>& accepted = std::nullopt);
-  void CLOSE_() { IO(1); }
+  void CLOSE_() { IO(kOpClose); }
 
   // The number of records from the record manager's statistics (operation 15, called directly),
   // read through the hexadecimal text that drops each byte's leading zero, as the record classes

@@ -3,6 +3,7 @@
 #include "maximizer/MaxClients.h"
 #include "maximizer/OpenMaximizer.h"
 #include "platform/automation/MaximizerAutomation.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "runtime/Conversion.h"
 #include "runtime/RuntimeError.h"
 #include "shell/RunLog.h"
@@ -10,10 +11,6 @@
 
 namespace tolmen {
 namespace {
-
-constexpr std::int32_t kGetEqual = 5;
-constexpr std::int32_t kGetNext = 6;
-constexpr std::int32_t kGetFirst = 12;
 
 // The list orders Key(n) names.
 constexpr const char* kOrders[] = {
@@ -44,20 +41,20 @@ std::string clsClientsOLE::Field(const std::string& name) {
 void clsClientsOLE::IO(std::int32_t operation) {
   MaximizerLink& link = app_.maximizer;
   switch (operation) {
-    case kGetEqual:
+    case kOpGetEqual:
       GetClientValues();
       break;
-    case kGetNext:
+    case kOpGetNext:
       if (link.ListPosition < link.ListCount) {
         WaitForMaximizer(app_);
         link.Record().ScrollList("LineDown");
         ++link.ListPosition;
         GetClientValues();
       } else {
-        STATUS_ = 9;
+        STATUS_ = kStatusEndOfFile;
       }
       break;
-    case kGetFirst:
+    case kOpGetFirst:
       WaitForMaximizer(app_);
       link.Record().ScrollList("Top");
       GetClientValues();
@@ -71,13 +68,13 @@ void clsClientsOLE::GetClientValues() {
   app_.run.CurrentSection = "Sub GetClientValues (ClientSearch)";
   MaxClients& file = app_.maximizer.ClientFile();
   file.KeyNumber(0);
-  file.IO(kGetEqual, MaxClientKey(Clie_id()));
+  file.IO(kOpGetEqual, MaxClientKey(Clie_id()));
   // The status is not looked at: a client not found keeps the values of the last one found.
   machDbId_ = std::to_string(file.mach_db_id());
   seqNo_ = std::to_string(file.seq_no());
   lastModifyDate_ = file.LastModifyDate();
   lastModifyTime_ = CStr(Variant::FromDate(file.LastModifyTime()));
-  STATUS_ = 0;
+  STATUS_ = kStatusOk;
   app_.run.CurrentSection = "after Sub GetClientValues";
 }
 

@@ -1,10 +1,10 @@
 // clsClientsOLE: Maximizer's current list of clients in the shape of a record class, so that the
 // client loop walks a list on someone else's screen with IO as it would walk a file:
-//   IO(5)   reads the client now selected (GetClientValues);
-//   IO(6)   steps one line down and reads it, while the list position is below the list count;
-//           at the count STATUS_ becomes 9 and nothing moves;
-//   IO(12)  scrolls to the top and reads (the list position is not reset);
-//   other   logs the error "Unknown Call: N To clsClientsOLE Class.".
+//   IO(kOpGetEqual)  reads the client now selected (GetClientValues);
+//   IO(kOpGetNext)   steps one line down and reads it, while the list position is below the list
+//                    count; at the count STATUS_ becomes kStatusEndOfFile and nothing moves;
+//   IO(kOpGetFirst)  scrolls to the top and reads (the list position is not reset);
+//   other            logs the error "Unknown Call: N To clsClientsOLE Class.".
 // Each member that reads an automation field first waits until Maximizer is not busy; members
 // without a field answer "" and call nothing. The list position and count are the link's
 // (MaximizerLink), set by OpenClientList.
@@ -15,6 +15,8 @@
 
 #include <cstdint>
 #include <string>
+
+#include "platform/recordmanager/BtrCodes.h"
 
 namespace tolmen {
 
@@ -27,7 +29,7 @@ class clsClientsOLE {
 
   void IO(std::int32_t operation);
   // Looks the current client up in the client file by its identification and keeps its data
-  // machine id, sequence number and last change; STATUS_ becomes 0 whatever the file said.
+  // machine id, sequence number and last change; STATUS_ becomes kStatusOk whatever the file said.
   void GetClientValues();
   void MoveBuffer(std::int16_t /*direction*/) {}
   // Scrolls the list to the top; the name is not used.
@@ -97,7 +99,7 @@ class clsClientsOLE {
   void Key(std::int16_t n);
   const std::string& KeyText() const { return keyText_; }
 
-  std::int16_t STATUS_ = 0;
+  std::int16_t STATUS_ = kStatusOk;
   std::string ClassName = "clsClientsOLE";
   std::string KeyBuf;
 

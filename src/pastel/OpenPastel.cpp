@@ -10,6 +10,7 @@
 #include "pastel/pasTaxParameters.h"
 #include "pastel/pasUParm.h"
 #include "pastel/pasUser.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/StatusCatalogue.h"
 #include "recordio/TextHelpers.h"
 #include "runtime/Conversion.h"
@@ -141,17 +142,17 @@ bool OpenPastelSteps(Tolmen& app, bool& result) {
   for (;;) {
     std::string prompt;
     const std::string status = app.toolkit.SetDataPath(folder);
-    const double statusValue = Val(status);
-    if (statusValue != 0 && statusValue != 9) {
+    const auto statusValue = static_cast<int>(Val(status));
+    if (statusValue != kStatusOk && statusValue != kStatusEndOfFile) {
       prompt = ToolkitFailurePrompt(app, folder, status);
     } else {
       pasUParm& uparm = files.UParm();
       uparm.FileName = "\"" + folder + "AccPrmsy.dat\"";
       uparm.OPEN_();
-      if (uparm.STATUS_ == 0) {
+      if (uparm.STATUS_ == kStatusOk) {
         uparm.GET_LOWEST();
         uparm.FROMFILE();
-        if (uparm.STATUS_ == 0) break;
+        if (uparm.STATUS_ == kStatusOk) break;
       }
       prompt = ParameterFailurePrompt(app, folder, uparm.STATUS_);
     }
@@ -193,7 +194,7 @@ bool OpenPastelSteps(Tolmen& app, bool& result) {
   pasUser& user = files.User();
   user.FileName = "\"" + folder + "AccUser.dat\"";
   user.OPEN_();
-  if (user.STATUS_ != 0) {
+  if (user.STATUS_ != kStatusOk) {
     app.ui.MsgBox(Lines({"The User file " + folder + "accuser.dat could not be opened.",
                          "Btrieve Status = " + std::to_string(user.STATUS_) + " (" +
                              StatusWords(user.STATUS_) + ")",
@@ -296,17 +297,18 @@ bool OpenAndInitPastel(Tolmen& app) {
   pasDebtor& debtor = files.Debtor();
   debtor.FileName = set.PastelDataPath + pasDebtor::kFileName;
   debtor.OPEN_();
-  if (debtor.STATUS_ != 0) {
+  if (debtor.STATUS_ != kStatusOk) {
     const std::string detail =
         StatusWords(debtor.STATUS_) + " Opening Debtor File:" + br + debtor.FileName;
-    if (debtor.STATUS_ != 9 || !EmptyFileAccepted(app, "There are no Debtors in Pastel yet."))
+    if (debtor.STATUS_ != kStatusEndOfFile ||
+        !EmptyFileAccepted(app, "There are no Debtors in Pastel yet."))
       return OpenFailed(app, detail);
   }
 
   pasGParm& gparm = files.GParm();
   gparm.FileName = set.PastelDataPath + pasGParm::kFileName;
   gparm.OPEN_();
-  if (gparm.STATUS_ > 0)
+  if (gparm.STATUS_ != kStatusOk)
     return OpenFailed(app, StatusWords(gparm.STATUS_) + " Opening GParm File " + gparm.FileName);
   gparm.GET_LOWEST();
   gparm.FROMFILE();
@@ -324,7 +326,7 @@ bool OpenAndInitPastel(Tolmen& app) {
   pasDCParm& dcparm = files.DCParm();
   dcparm.FileName = set.PastelDataPath + pasDCParm::kFileName;
   dcparm.OPEN_();
-  if (dcparm.STATUS_ > 0)
+  if (dcparm.STATUS_ != kStatusOk)
     return OpenFailed(app, StatusWords(dcparm.STATUS_) + " Opening DCParm File " + dcparm.FileName);
   dcparm.GET_LOWEST();
   dcparm.FROMFILE();
@@ -332,17 +334,18 @@ bool OpenAndInitPastel(Tolmen& app) {
   pasDelivery& delivery = files.Delivery();
   delivery.FileName = set.PastelDataPath + pasDelivery::kFileName;
   delivery.OPEN_();
-  if (delivery.STATUS_ != 0 && delivery.STATUS_ != 9)
+  if (delivery.STATUS_ != kStatusOk && delivery.STATUS_ != kStatusEndOfFile)
     return OpenFailed(
         app, StatusWords(delivery.STATUS_) + " Opening Delivery File " + delivery.FileName);
 
   pasDcodeFile& categories = files.DcodeFile();
   categories.FileName = set.PastelDataPath + pasDcodeFile::kFileName;
   categories.OPEN_();
-  if (categories.STATUS_ > 0) {
+  if (categories.STATUS_ != kStatusOk) {
     const std::string detail =
         StatusWords(categories.STATUS_) + " Opening DrCat File:" + br + categories.FileName;
-    if (categories.STATUS_ != 9 || !EmptyFileAccepted(app, "There are no Debtor Categories."))
+    if (categories.STATUS_ != kStatusEndOfFile ||
+        !EmptyFileAccepted(app, "There are no Debtor Categories."))
       return OpenFailed(app, detail);
   }
 

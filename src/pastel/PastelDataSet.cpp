@@ -322,7 +322,7 @@ nlohmann::ordered_json DumpPastelFile(Tolmen& app, const std::string& folder,
   for (;;) {
     data.assign(kReadBufferBytes, '\0');
     key = std::string(255, ' ');
-    if (Call(app, operation, pos, data, key) != 0) break;
+    if (Call(app, operation, pos, data, key) != kStatusOk) break;
     operation = kOpGetNext;
     std::string record = data.substr(0, length);
     record.resize(length, '\0');

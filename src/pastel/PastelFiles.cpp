@@ -8,7 +8,7 @@
 #include "pastel/pasTaxParameters.h"
 #include "pastel/pasUParm.h"
 #include "pastel/pasUser.h"
-#include "runtime/RuntimeError.h"
+#include "runtime/Trap.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
@@ -22,11 +22,7 @@ T& Lazy(Tolmen& app, std::unique_ptr<T>& object) {
 
 // CLOSE_ with every run-time error passed over.
 void CloseQuietly(PastelRecord* record) {
-  if (!record) return;
-  try {
-    record->CLOSE_();
-  } catch (const std::exception&) {
-  }
+  if (record) PassOver([record] { record->CLOSE_(); });
 }
 
 }  // namespace

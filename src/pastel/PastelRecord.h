@@ -17,6 +17,7 @@
 #include <string>
 
 #include "pastel/FieldLayout.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/BtObject.h"
 #include "runtime/Variant.h"
 
@@ -95,10 +96,10 @@ class PastelRecord : public BtObject {
 class StoredRecord : public PastelRecord {
  public:
   using PastelRecord::PastelRecord;
-  void INSERT() { IO(2); }
-  void UPDATE() { IO(3); }
-  void DELETE() { IO(4); }
-  void UNLOCK_() { IO(27); }
+  void INSERT() { IO(kOpInsert); }
+  void UPDATE() { IO(kOpUpdate); }
+  void DELETE() { IO(kOpDelete); }
+  void UNLOCK_() { IO(kOpUnlock); }
 };
 
 }  // namespace tolmen

@@ -18,9 +18,9 @@ class pasDebtor : public PastelRecord {
   void UPDATE() { WriteLine(); }
   // Shows "Can't Delete Pastel Debtor!" and returns.
   void DELETE();
-  void UNLOCK_() { IO(27); }
+  void UNLOCK_() { IO(kOpUnlock); }
   void GET_BY_PERCENT() {}
-  // STATUS_ becomes 0, and the debtor goes to the import line sink, when one is set.
+  // STATUS_ becomes kStatusOk, and the debtor goes to the import line sink, when one is set.
   void WriteLine();
 };
 

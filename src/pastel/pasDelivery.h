@@ -15,7 +15,7 @@ class pasDelivery : public PastelRecord {
   void INSERT() {}
   void UPDATE() {}
   void DELETE() {}
-  void UNLOCK_() { IO(27); }
+  void UNLOCK_() { IO(kOpUnlock); }
 };
 
 }  // namespace tolmen

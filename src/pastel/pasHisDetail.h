@@ -17,7 +17,7 @@ class pasHisDetail : public PastelRecord {
   void INSERT() { WriteLine(); }
   void UPDATE() { WriteLine(); }
   void DELETE() {}
-  void UNLOCK_() { IO(27); }
+  void UNLOCK_() { IO(kOpUnlock); }
   // The detail goes to the import line sink, when one is set.
   void WriteLine();
 };

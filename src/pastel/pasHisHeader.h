@@ -16,7 +16,7 @@ class pasHisHeader : public PastelRecord {
   void INSERT() { WriteLine(); }
   void UPDATE() { WriteLine(); }
   void DELETE() {}
-  void UNLOCK_() { IO(27); }
+  void UNLOCK_() { IO(kOpUnlock); }
   // The header goes to the import line sink, when one is set.
   void WriteLine();
 };

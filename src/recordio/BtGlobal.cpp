@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/automation/MaximizerAutomation.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/AcceptedStatuses.h"
 #include "recordio/BtObject.h"
 #include "recordio/StatusCatalogue.h"
@@ -11,6 +12,7 @@
 #include "runtime/Cp1252.h"
 #include "runtime/Format.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Strings.h"
 #include "shell/ProcessEnd.h"
 #include "shell/RunLog.h"
 #include "shell/Shutdown.h"
@@ -33,26 +35,11 @@ void LetMaximizerGo(Tolmen& app) {
   app.maximizer.Release();
 }
 
-constexpr int32_t kOpen = 0;
-constexpr int32_t kClose = 1;
-constexpr int32_t kGetEqual = 5;
-constexpr int32_t kGetFirst = 12;
-constexpr int32_t kStop = 25;
-
 constexpr const char* kClipboardNote =
     "(this is now on the Clipboard for you to paste into your Web Browser)";
 
 std::string PadTo255(const std::string& key) {
   return key.size() < 255 ? key + std::string(255 - key.size(), ' ') : key;
-}
-
-std::string Join(const std::vector<std::string>& lines, const std::string& separator) {
-  std::string out;
-  for (size_t i = 0; i < lines.size(); ++i) {
-    if (i) out += separator;
-    out += lines[i];
-  }
-  return out;
 }
 
 std::string OperationText(int32_t operation) {
@@ -75,7 +62,7 @@ void CallRecordManager(Tolmen& app, int32_t operation) {
 // Equal and asked about for anything else. Returns whether the status is still unexpected.
 bool AcceptStatus22(Tolmen& app, int32_t operation) {
   bool unexpected = true;
-  if (operation == kGetEqual) {
+  if (operation == kOpGetEqual) {
     unexpected = false;
   } else {
     const std::string& br = app.info.LineBreak;
@@ -88,7 +75,7 @@ bool AcceptStatus22(Tolmen& app, int32_t operation) {
                       (unexpected ? "REJECTED" : "Accepted"));
   }
   if (!unexpected) {
-    app.bt.BtStatus = 0;
+    app.bt.BtStatus = kStatusOk;
     ++app.run.AcceptedStatus22;
     if (app.shell.DebugLevel > 0)
       LogEntry(app, 8,
@@ -155,7 +142,7 @@ std::vector<std::string> FatalMessage(Tolmen& app, const BtObject& object, int32
                                        "ERRORS MAY OCCUR!",
                                    vbYesNo + vbCritical);
   if (answer == vbYes) {
-    CallRecordManager(app, kStop);
+    CallRecordManager(app, kOpStop);
     CloseAllFiles(app);
     LetMaximizerGo(app);
     ShutDown(app);
@@ -188,8 +175,8 @@ void GlobalIO(Tolmen& app, BtObject& object, int32_t operation,
               const std::optional<std::string>& label) {
   BtGlobalState& bt = app.bt;
   if (app.shell.DebugLevel > 3) LogEntry(app, 8, "# Debug: >>GlobalIO " + object.ClassName);
-  if (operation != kOpen && !object.IsOpen) {
-    object.STATUS_ = 3;
+  if (operation != kOpOpen && !object.IsOpen) {
+    object.STATUS_ = kStatusNotOpen;
     return;
   }
 
@@ -214,16 +201,16 @@ void GlobalIO(Tolmen& app, BtObject& object, int32_t operation,
 
   CallRecordManager(app, operation);
 
-  if (operation == kOpen && bt.BtStatus == 0) {
+  if (operation == kOpOpen && bt.BtStatus == kStatusOk) {
     object.IsOpen = true;
     object.FileName = TrimPath(bt.KeyBuf);
     bt.DataBuf = std::string(static_cast<size_t>(object.RecordLength), ' ');
     bt.DBLen = object.RecordLength;
     bt.KeyBuf = std::string(static_cast<size_t>(bt.KBLen), ' ');
-    CallRecordManager(app, kGetFirst);
-  } else if (operation == kClose && (bt.BtStatus == 0 || bt.BtStatus == 3)) {
+    CallRecordManager(app, kOpGetFirst);
+  } else if (operation == kOpClose && (bt.BtStatus == kStatusOk || bt.BtStatus == kStatusNotOpen)) {
     object.IsOpen = false;
-  } else if (operation == kStop) {
+  } else if (operation == kOpStop) {
     object.IsOpen = false;
   }
 
@@ -235,8 +222,8 @@ void GlobalIO(Tolmen& app, BtObject& object, int32_t operation,
     if (!row) throw RuntimeError(9);
     list = *row;
   }
-  bool unexpected = bt.BtStatus != 0 && !StatusInList(bt.BtStatus, list);
-  if (unexpected && bt.BtStatus == 22 && object.ClassName == "maxCLIENTS")
+  bool unexpected = bt.BtStatus != kStatusOk && !StatusInList(bt.BtStatus, list);
+  if (unexpected && bt.BtStatus == kStatusDataBufferTooShort && object.ClassName == "maxCLIENTS")
     unexpected = AcceptStatus22(app, operation);
   if (unexpected) FatalDialog(app, object, operation, label);
 
@@ -250,13 +237,13 @@ void GlobalIO(Tolmen& app, BtObject& object, int32_t operation,
 }
 
 void BeginConcurrentTransaction(Tolmen& app) {
-  CallRecordManager(app, 1019);
+  CallRecordManager(app, kOpConcurrentBias + kOpBeginTransaction);
 }
 void EndTransaction(Tolmen& app) {
-  CallRecordManager(app, 20);
+  CallRecordManager(app, kOpEndTransaction);
 }
 void AbortTransaction(Tolmen& app) {
-  CallRecordManager(app, 21);
+  CallRecordManager(app, kOpAbortTransaction);
 }
 
 }  // namespace tolmen

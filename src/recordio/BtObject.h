@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/recordmanager/BtrCodes.h"
+
 namespace tolmen {
 
 class BtObject {
@@ -20,7 +22,7 @@ class BtObject {
 
   std::string FileName;
   bool IsOpen = false;
-  int16_t STATUS_ = 0;
+  int16_t STATUS_ = kStatusOk;
   std::string PosBlk = std::string(128, ' ');
   std::string DataBuf;
   int32_t DBLen;

@@ -39,9 +39,10 @@ void OpenRecordFile(Tolmen& app, BtObject& object, const std::string& fileName,
     object.BufferHeld = true;
     GlobalIO(app, object, kOpOpen, fileName, accepted);
     object.DBLen = object.RecordLength;
-    if (object.STATUS_ == 0 || object.STATUS_ == 9) GlobalIO(app, object, kOpGetFirst);
+    if (object.STATUS_ == kStatusOk || object.STATUS_ == kStatusEndOfFile)
+      GlobalIO(app, object, kOpGetFirst);
   }
-  if (object.STATUS_ == 0) object.FileName = fileName;
+  if (object.STATUS_ == kStatusOk) object.FileName = fileName;
 }
 
 std::int32_t StatRecordCount(Tolmen& app, BtObject& object) {

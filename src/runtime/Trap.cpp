@@ -71,4 +71,12 @@ TrapResult RunTrapped(const TrapStatement& statement, const TrapAnswer& answer) 
   }
 }
 
+void PassOver(const TrapStatement& statement) {
+  try {
+    statement();
+  } catch (const std::exception&) {
+    // passed over
+  }
+}
+
 }  // namespace tolmen

@@ -30,6 +30,12 @@ using TrapAnswer = std::function<int(const RuntimeError&)>;
 // `answer` and acts on it. Exceptions of other types pass through untouched.
 TrapResult RunTrapped(const TrapStatement& statement, const TrapAnswer& answer);
 
+// Runs the statement and passes over any run-time error it raises: a RuntimeError or any other
+// std::exception ends the statement there and nothing more happens. Exceptions of other types,
+// such as ProcessEnd (the process ending from inside), pass through untouched. For the steps
+// that tidy up after a run or a dialog, where a failure must not stop the rest.
+void PassOver(const TrapStatement& statement);
+
 // The run-time error a standard exception stands for: std::bad_alloc 7 "Out of memory",
 // std::out_of_range 9 "Subscript out of range", std::overflow_error 6 "Overflow",
 // std::filesystem::filesystem_error and std::system_error by their error code (no such file 53,

@@ -4,6 +4,7 @@
 
 #include "runtime/Conversion.h"
 #include "runtime/Format.h"
+#include "runtime/Trap.h"
 #include "shell/Tolmen.h"
 
 namespace tolmen {
@@ -30,13 +31,12 @@ std::string ProgressLineText(double startTime, double now, double count, double 
 }
 
 void UpdateProgressLine(Tolmen& app, double count) {
-  try {
+  // The progress line never stops a run.
+  PassOver([&] {
     const std::string text = ProgressLineText(app.run.StartTime, app.clock.Now(), count,
                                               app.screen.frmMain.ProgressBar1.Max());
     app.screen.frmMain.lblProgress(2).SetCaption(text);
-  } catch (const std::exception&) {
-    // the progress line never stops a run
-  }
+  });
 }
 
 }  // namespace tolmen

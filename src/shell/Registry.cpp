@@ -1,26 +1,17 @@
 #include "shell/Registry.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
 #include "runtime/Cp1252.h"
+#include "shell/ConfigFolder.h"
 
 namespace tolmen {
 namespace {
 
 std::string StartupFolder() {
-  const char* config = std::getenv("XDG_CONFIG_HOME");
-  std::string folder;
-  if (config && *config) {
-    folder = config;
-  } else {
-    const char* home = std::getenv("HOME");
-    if (!home || !*home) return "";
-    folder = std::string(home) + "/.config";
-  }
-  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
-  return Utf8ToCp1252(folder + "/autostart");
+  const std::string folder = ConfigFolder();
+  return folder.empty() ? "" : Utf8ToCp1252(folder + "/autostart");
 }
 
 }  // namespace

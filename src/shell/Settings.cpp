@@ -9,6 +9,7 @@
 
 #include "runtime/Cp1252.h"
 #include "runtime/RuntimeError.h"
+#include "shell/ConfigFolder.h"
 
 namespace tolmen {
 namespace {
@@ -70,11 +71,8 @@ std::string UnescapeIni(const std::string& text) {
 }
 
 std::string Settings::DefaultPath() {
-  const char* config = std::getenv("XDG_CONFIG_HOME");
-  const char* home = std::getenv("HOME");
-  std::string folder =
-      config && *config ? config : std::string(home ? home : "") + "/.config";
-  return folder + "/Vellumator7/settings.ini";
+  const std::string folder = ConfigFolder();
+  return folder.empty() ? "" : folder + "/Vellumator7/settings.ini";
 }
 
 void Settings::Load() {
@@ -116,6 +114,7 @@ void Settings::Store() {
         out << Cp1252ToUtf8(EscapeIni(e.key)) << "=" << Cp1252ToUtf8(EscapeIni(e.value)) << "\n";
   }
 
+  if (path_.empty()) throw RuntimeError(75, "Path/File access error: " + path_);
   namespace fs = std::filesystem;
   std::error_code ec;
   fs::create_directories(fs::path(path_).parent_path(), ec);

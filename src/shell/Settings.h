@@ -1,8 +1,8 @@
 // The per-user settings store: named text values in sections, under the application name
-// "Vellumator7". On Linux it is an INI file, ${XDG_CONFIG_HOME:-~/.config}/Vellumator7/settings.ini.
-// Section and key names are compared without regard to case; any text round-trips (characters
-// an INI line cannot hold are escaped); every change is written at once, atomically (a temporary
-// file renamed over the old one).
+// "Vellumator7". On Linux it is an INI file,
+// ${XDG_CONFIG_HOME:-~/.config}/Vellumator7/settings.ini. Section and key names are compared
+// without regard to case; any text round-trips (characters an INI line cannot hold are escaped);
+// every change is written at once, atomically (a temporary file renamed over the old one).
 #pragma once
 
 #include <string>
@@ -15,7 +15,8 @@ class Settings {
  public:
   // The store's file; nothing is read until the first access.
   explicit Settings(std::string path) : path_(std::move(path)) {}
-  // The file named by the environment (see above).
+  // The file named by the environment (see above); "" when there is no config folder (neither
+  // XDG_CONFIG_HOME nor HOME set), a store that reads as empty and cannot be written.
   static std::string DefaultPath();
 
   const std::string& Path() const { return path_; }

@@ -53,15 +53,6 @@ int16_t PrintSetting(const std::string& value) {
       CInt(Variant(separator == std::string::npos ? value : value.substr(separator + 2))));
 }
 
-// Runs one statement of the section mark; its errors are passed over.
-template <typename Statement>
-void PassOver(Statement statement) {
-  try {
-    statement();
-  } catch (const std::exception&) {
-  }
-}
-
 class TemplateReader {
  public:
   TemplateReader(Tolmen& app, bool parts)

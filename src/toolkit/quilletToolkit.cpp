@@ -4,6 +4,7 @@
 #include "pastel/pasDebtor.h"
 #include "pastel/pasHisDetail.h"
 #include "pastel/pasHisHeader.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/StatusCatalogue.h"
 #include "runtime/Conversion.h"
 #include "runtime/Strings.h"
@@ -95,7 +96,7 @@ std::string quilletToolkit::GetNearest(std::string& tableName, std::int16_t keyN
   object->GET_NEAREST(keyValue);
   keyValue = object->KeyBuf;
   const std::int16_t status = object->STATUS_;
-  if (status == 0) return "0|" + RecordString(*object);
+  if (status == kStatusOk) return "0|" + RecordString(*object);
   return "90|" + std::to_string(status) + " " + StatusText(status);
 }
 
@@ -105,7 +106,7 @@ std::string quilletToolkit::GetNext(std::string& tableName, std::int16_t keyNumb
   if (!object->IsOpen) return "3|";
   object->KeyNum = keyNumber;
   object->GET_NEXT();
-  if (object->STATUS_ == 0) return "0|" + RecordString(*object);
+  if (object->STATUS_ == kStatusOk) return "0|" + RecordString(*object);
   return std::to_string(object->STATUS_) + "|";
 }
 
@@ -115,7 +116,7 @@ std::string quilletToolkit::GetRecord(std::string& tableName, std::int16_t keyNu
   if (!OpenObject(tableName, object)) return "11|";
   object->KeyNum = keyNumber;
   object->GET_EQUAL(keyValue);
-  if (object->STATUS_ == 0) return "0|" + RecordString(*object);
+  if (object->STATUS_ == kStatusOk) return "0|" + RecordString(*object);
   return std::to_string(object->STATUS_) + "|";
 }
 
@@ -125,7 +126,7 @@ std::string quilletToolkit::GetField(std::string& tableName, std::int16_t keyNum
   if (!OpenObject(tableName, object)) return "11|";
   object->KeyNum = keyNumber;
   object->GET_EQUAL(keyValue);
-  if (object->STATUS_ == 0) return "0|" + CStr(object->default_(fieldNumber));
+  if (object->STATUS_ == kStatusOk) return "0|" + CStr(object->default_(fieldNumber));
   return std::to_string(object->STATUS_) + "|";
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pastel/pasDebtor.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/StatusCatalogue.h"
 #include "recordio/TextHelpers.h"
 #include "runtime/Conversion.h"
@@ -122,19 +123,19 @@ std::string GetNewCode(Tolmen& app, const std::string& name) {
   debtor.GET_LESS_THAN_OR_EQUAL(FixLength(topCode, kCodeWidth));
   debtor.FROMFILE();
   const std::int16_t status = debtor.STATUS_;
-  if (status != 0 && status != 4 && status != 9) {
+  if (status != kStatusOk && status != kStatusKeyNotFound && status != kStatusEndOfFile) {
     ReportLookupFault(app, status, startCode);
     return "";
   }
 
   std::string candidate = startCode;
-  if (status == 0) {
+  if (status == kStatusOk) {
     const std::string highest = CStr(debtor.default_(2));
     if (EqualsNoCase(Left(highest, prefixSize), prefix)) candidate = NextAccountCode(highest);
   }
   for (;;) {
     debtor.GET_EQUAL(candidate);
-    if (debtor.STATUS_ == 4) break;
+    if (debtor.STATUS_ == kStatusKeyNotFound) break;
     candidate = NextAccountCode(candidate);
   }
 

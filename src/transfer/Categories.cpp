@@ -4,6 +4,7 @@
 
 #include "maximizer/UdfCatalogue.h"
 #include "pastel/pasDcodeFile.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/TextHelpers.h"
 #include "runtime/Conversion.h"
 #include "runtime/Cp1252.h"
@@ -45,7 +46,7 @@ void LoadCategories(Tolmen& app) {
   categories.KeyNumber(0);
   categories.GET_LOWEST();
   categories.FROMFILE();
-  while (categories.STATUS_ == 0 && NumberField(categories) < kBlankNumber) {
+  while (categories.STATUS_ == kStatusOk && NumberField(categories) < kBlankNumber) {
     list.AddItem(Entry(NumberField(categories), CleanText(CStr(categories.default_(2)))));
     categories.GET_NEXT();
     categories.FROMFILE();
@@ -111,7 +112,7 @@ void GetPasCategoryCode(Tolmen& app) {
   }
 
   const std::int16_t status = AddCategory(app, run.CurrentCategoryNumber, run.CurrentCategoryText);
-  if (status != 0) {
+  if (status != kStatusOk) {
     ReportPastelError(app, status,
                       "in GetPasCategoryCode adding Category " +
                           Entry(run.CurrentCategoryNumber, run.CurrentCategoryText));

@@ -6,6 +6,7 @@
 #include "pastel/pasDCParm.h"
 #include "pastel/pasDebtor.h"
 #include "pastel/pasDelivery.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/StatusCatalogue.h"
 #include "runtime/Conversion.h"
 #include "runtime/Format.h"
@@ -141,9 +142,9 @@ void CreateNewDebtorRecord(Tolmen& app) {
   debtor.TOFILE();
   debtor.INSERT();
   const std::int16_t status = debtor.STATUS_;
-  if (status != 0) {
+  if (status != kStatusOk) {
     ReportPastelDebtorError(app, status, "Creating Pastel a/c ");
-    if (status == 3) run.StopRequest = kStopCancel;
+    if (status == kStatusNotOpen) run.StopRequest = kStopCancel;
   } else {
     ++run.DebtorsWritten;
     LogEntry(app, 2, "");

@@ -6,6 +6,7 @@
 #include "maximizer/ClientList.h"
 #include "pastel/OpenPastel.h"
 #include "pastel/pasDcodeFile.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/BtGlobal.h"
 #include "recordio/StatusCatalogue.h"
 #include "runtime/Conversion.h"
@@ -73,7 +74,7 @@ void InsertNewCategory(Tolmen& app, RunTrap& trap) {
     return;
   const std::string entry =
       "<" + std::to_string(run.CurrentCategoryNumber) + "> " + run.CurrentCategoryText;
-  if (status != 0) {
+  if (status != kStatusOk) {
     trap([&] { LogError(app, StatusText(status) + " in DoImport adding Category " + entry); });
     return;
   }
@@ -251,17 +252,11 @@ void DoImport(Tolmen& app) {
   }();
 
   // From here on errors are passed over.
-  const auto passOver = [](const std::function<void()>& statement) {
-    try {
-      statement();
-    } catch (const std::exception&) {
-    }
-  };
-  passOver([&] { app.log.EndRun(); });
-  if (openLog) passOver([&] { app.ui.OpenInEditor(app.log.Path()); });
-  passOver([&] { ClosePasFiles(app); });
+  PassOver([&] { app.log.EndRun(); });
+  if (openLog) PassOver([&] { app.ui.OpenInEditor(app.log.Path()); });
+  PassOver([&] { ClosePasFiles(app); });
   run.RunActive = false;
-  passOver([&] { CloseClientList(app); });
+  PassOver([&] { CloseClientList(app); });
 
   if (cancelled)
     app.shell.ExitStatus = kExitRunCancelled;

@@ -1,4 +1,5 @@
 // The screen around a run: the switches before and after it, and the Pause button's dialog.
+#include "runtime/Trap.h"
 #include "shell/Tolmen.h"
 #include "transfer/Max2Pastel.h"
 
@@ -29,11 +30,8 @@ void SwitchRunScreen(Tolmen& app, bool running) {
 
 void BeforeRunScreen(Tolmen& app) {
   SwitchRunScreen(app, true);
-  try {
-    app.ui.AnimationOpen(app.info.AppFolder + kAnimation);
-  } catch (const std::exception&) {
-    // a run needs no animation
-  }
+  // A run needs no animation.
+  PassOver([&] { app.ui.AnimationOpen(app.info.AppFolder + kAnimation); });
 }
 
 void AfterRunScreen(Tolmen& app) {

@@ -4,9 +4,11 @@
 #include "maximizer/MaximizerLink.h"
 #include "maximizer/UdfCatalogue.h"
 #include "platform/automation/MaximizerAutomation.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/BtGlobal.h"
 #include "runtime/Conversion.h"
 #include "runtime/Strings.h"
+#include "runtime/Trap.h"
 #include "shell/ProcessEnd.h"
 #include "shell/ProgressLine.h"
 #include "shell/RunLog.h"
@@ -149,9 +151,9 @@ void TransferClients(Tolmen& app) {
     trap([&] {
       list.Key(1);
       list.KeyBuf = std::string(42, ' ');
-      list.IO(run.CurrentClientOnly ? 5 : 12);
+      list.IO(run.CurrentClientOnly ? kOpGetEqual : kOpGetFirst);
       // An empty list has no top entry to read: the pass ends before its first turn.
-      if (!run.CurrentClientOnly && link.ListCount == 0) list.STATUS_ = 9;
+      if (!run.CurrentClientOnly && link.ListCount == 0) list.STATUS_ = kStatusEndOfFile;
     });
     run.ClientsScanned = 0;
     run.ClientsProcessed = 0;
@@ -160,7 +162,7 @@ void TransferClients(Tolmen& app) {
     run.TransferToMaximizer = form.mnuViewMaximizer.Checked() ? form.lst2MaxLinked.ListCount() : 0;
     if (run.TransferToMaximizer != 0) trap([&] { LogLinks(app); });
 
-    while (list.STATUS_ == 0 && !trap.Aborted()) {
+    while (list.STATUS_ == kStatusOk && !trap.Aborted()) {
       run.CurrentSection = "Progress bar Update";
       ++run.ClientsScanned;
       form.ProgressBar1.SetValue(run.ClientsScanned);
@@ -185,14 +187,14 @@ void TransferClients(Tolmen& app) {
             "# Debug: Max2Pastel <<" + std::to_string(run.ClientsProcessed) + " " + run.ClientName);
       run.CurrentSection = "End Main Loop: Get Next Client";
       if (run.CurrentClientOnly) {
-        list.STATUS_ = 9;
-      } else if (!trap([&] { list.IO(6); })) {
+        list.STATUS_ = kStatusEndOfFile;
+      } else if (!trap([&] { list.IO(kOpGetNext); })) {
         break;
       }
       run.CurrentSection = "End Main Loop: Got Next Client";
       if (run.StopRequest == kStopEnd) break;
       if (run.StopRequest == kStopCancel) {
-        list.STATUS_ = 9;
+        list.STATUS_ = kStatusEndOfFile;
         AbortTransaction(app);
       }
       previousId = currentId;
@@ -212,17 +214,15 @@ void TransferClients(Tolmen& app) {
                         repeatedIds);
     });
   // From here on errors are passed over.
-  RunTrapped(
-      [&] {
-        if (!app.importFiles.customer.IsOpen()) return;
-        run.CurrentSection = "Closing CSV files";
-        CloseCsvFiles(app);
-        run.CurrentSection.clear();
-      },
-      [](const RuntimeError&) { return vbIgnore; });
+  PassOver([&] {
+    if (!app.importFiles.customer.IsOpen()) return;
+    run.CurrentSection = "Closing CSV files";
+    CloseCsvFiles(app);
+    run.CurrentSection.clear();
+  });
   form.lblProgress(3).SetCaption("");
   if (run.DebtorsChanged + run.DebtorsWritten + run.ErrorCount > 0)
-    RunTrapped([&] { LogEntry(app, 8, ""); }, [](const RuntimeError&) { return vbIgnore; });
+    PassOver([&] { LogEntry(app, 8, ""); });
 }
 
 }  // namespace tolmen

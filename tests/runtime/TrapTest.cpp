@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <ios>
+#include <iterator>
 #include <new>
 #include <stdexcept>
 #include <system_error>
@@ -102,6 +104,38 @@ TEST(Trap, StandardExceptionsBecomeClassicErrors) {
   RuntimeError other = ToRuntimeError(std::runtime_error("socket closed"));
   EXPECT_EQ(other.Description(), "socket closed");
   EXPECT_EQ(ToRuntimeError(std::bad_alloc()).Description(), "Out of memory");
+}
+
+// What PassOver swallows: run-time errors and every other standard exception; the statement
+// ends where it failed. Anything else, such as the process ending from inside, goes through.
+TEST(Trap, PassOverSwallowsStandardExceptionsOnly) {
+  struct EndOfProcess {};  // not a std::exception, as the process end is not
+  const struct {
+    std::function<void()> failure;
+    bool passedOver;
+  } cases[] = {
+      {[] {}, true},
+      {[] { throw RuntimeError(53); }, true},
+      {[] { throw std::runtime_error("socket closed"); }, true},
+      {[] { throw std::vector<int>().at(3); }, true},
+      {[] { throw std::bad_alloc(); }, true},
+      {[] { throw EndOfProcess{}; }, false},
+      {[] { throw 42; }, false},
+  };
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    int reached = 0;
+    const auto statement = [&] {
+      reached = 1;
+      cases[i].failure();
+      reached = 2;
+    };
+    if (cases[i].passedOver) {
+      EXPECT_NO_THROW(PassOver(statement)) << i;
+    } else {
+      EXPECT_ANY_THROW(PassOver(statement)) << i;
+    }
+    EXPECT_EQ(reached, i == 0 ? 2 : 1) << i;
+  }
 }
 
 TEST(RuntimeError, ClassicTexts) {
