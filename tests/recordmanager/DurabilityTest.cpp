@@ -1,4 +1,4 @@
-// The engine's durability setting (DESIGN section 13, EngineOptions.h): WAL with
+// The engine's durability setting (EngineOptions.h): WAL with
 // synchronous=NORMAL. SQLite's syncs are counted through a VFS that wraps the default one.
 #include <gtest/gtest.h>
 #include <sqlite3.h>

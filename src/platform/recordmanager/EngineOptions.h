@@ -1,7 +1,7 @@
 // How the record engine sets up SQLite for its files. The defaults are the measured choice; the
 // benchmark (bench/engine) can run with others to compare.
 //
-// Durability (DESIGN section 13): the default journal is WAL with synchronous=NORMAL. Every file
+// Durability: the default journal is WAL with synchronous=NORMAL. Every file
 // is whole after a crash at any moment, of the process or of the machine; a power cut may lose
 // the last commits, since a commit appends to the -wal file without syncing it. The log is synced
 // when SQLite copies it into the file (a checkpoint: every 1,000 pages, and when the last
