@@ -13,11 +13,11 @@ namespace tolmen {
 class Tolmen;
 
 // Reads the switches (/QUIT or /Q, /SILENT or /S, /NOAUTO or /N, /C or /1), refuses a line with
-// any other "/", and runs a named template: TemplateOpen, SetOptions, OpenMaximizerOLE,
-// CheckRunOptions, LoadCategories, then the run (RunMode 1, RunReason "from Command Line: " and
-// the line). With "/Q" the process ends after the run (ProcessEnd, without Form_Unload). A
-// template that is missing shows a message and leaves the screen as it is; every other way out
-// ends in LoadStartTemplate. A template run that cannot start sets the exit status 2.
+// any other "/", and runs a named template: TemplateOpen, SetOptions, then StartRun with
+// LoadCategories and the Transfer page (RunMode 1, RunReason "from Command Line: " and the line).
+// With "/Q" the process ends after the run (ProcessEnd, without Form_Unload). A template that is
+// missing shows a message and leaves the screen as it is; every other way out ends in
+// LoadStartTemplate. A template run that cannot start sets the exit status 2.
 void ParseCommandLine(Tolmen& app);
 
 // CURRENT.KTF of the program's folder when it exists and reads, else LoadDefaults (a template

@@ -43,7 +43,7 @@ class Tolmen {
   Clock& clock;
   Settings settings;
   ShellState shell;
-  RunStages stages;  // routines of modules still being written, wired as they land
+  RunStages stages;  // tests' stand-ins for some routines; the product leaves them empty
   RunState run;
   ClientState client;  // the client being made a debtor
   RunOptions options;

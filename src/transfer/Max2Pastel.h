@@ -3,9 +3,10 @@
 // pass, calls the client loop, keeps or throws away what the pass did, reports the result, saves
 // the options as templates and lets go of Pastel and Maximizer.
 //
-// Every entry (the Import button, the command line, the background timer) runs, in this order:
-// clear the end-of-run notes, MismatchCount and ErrorCount; set RunMode and RunReason;
-// BeforeRunScreen; DoImport; AfterRunScreen. CheckRunOptions has passed before.
+// Every entry (the Import button, the command line, the background timer) starts its run through
+// StartRun (transfer/RunStart.h): CheckRunOptions has passed, the end-of-run notes, MismatchCount
+// and ErrorCount are cleared, RunMode and RunReason set and BeforeRunScreen done before DoImport,
+// and AfterRunScreen follows it.
 //
 // DoImport, step by step:
 //   1  the delivery address default code "Delivery"; the log's heading (LogEntry kind 0)
