@@ -27,9 +27,8 @@ void RunTemplate(Tolmen& app, const RunEntry& entry) {
 }
 
 bool StartRun(Tolmen& app, const RunEntry& entry) {
-  RunStages& stages = app.stages;
-  if (!(stages.OpenMaximizerOLE ? stages.OpenMaximizerOLE() : OpenMaximizerOLE(app))) return false;
-  if (entry.copyScreen) stages.SetOptions ? stages.SetOptions() : SetOptions(app);
+  if (!OpenMaximizerOLE(app)) return false;
+  if (entry.copyScreen) SetOptions(app);
   if (!CheckRunOptions(app)) return false;
   if (entry.loadCategories) LoadCategories(app);
   ClearRunNotes(app.run);

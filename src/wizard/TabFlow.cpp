@@ -23,11 +23,6 @@ namespace {
 
 constexpr int kLastTab = MainForm::kTabTransfer;
 
-// OpenMaximizerOLE, or a test's stand-in for it.
-bool OpenMaximizer(Tolmen& app) {
-  return app.stages.OpenMaximizerOLE ? app.stages.OpenMaximizerOLE() : OpenMaximizerOLE(app);
-}
-
 // The first visible page from `from` on in the direction `step`, skipping up to three hidden
 // ones; the last page tried when all of those are hidden.
 int VisibleTab(const TabControl& tabs, int from, int step) {
@@ -46,7 +41,7 @@ bool LeavePage(Tolmen& app, int tab) {
     case MainForm::kTabOpen: {
       // Both are always called, and both must succeed.
       const bool pastel = OpenPastel(app);
-      const bool maximizer = OpenMaximizer(app);
+      const bool maximizer = OpenMaximizerOLE(app);
       if (!(pastel && maximizer)) return false;
       if (!app.shell.TemplateLoaded) {
         FillToPastelLists(app);
@@ -55,13 +50,13 @@ bool LeavePage(Tolmen& app, int tab) {
       return true;
     }
     case MainForm::kTabToPastel:
-      if (!OpenMaximizer(app) || !ToPastelChecks(app)) return false;
+      if (!OpenMaximizerOLE(app) || !ToPastelChecks(app)) return false;
       SetOptions(app);
       return DatabaseChangeWarning(app);
     case MainForm::kTabToMaximizer:
     case MainForm::kTabRecurringBilling:
     case MainForm::kTabCasualBilling:
-      return OpenMaximizer(app);
+      return OpenMaximizerOLE(app);
     case MainForm::kTabTransfer:
       ImportEntry(app);
       return false;  // the page does not change
@@ -148,7 +143,7 @@ void tabDlg_Click(Tolmen& app) {
     form.cmdNext.SetCaption("&Next >>");
     return;
   }
-  if (!OpenMaximizer(app)) return;  // the buttons stay as they were
+  if (!OpenMaximizerOLE(app)) return;  // the buttons stay as they were
   form.cmdBack.SetEnabled(true);
   form.cmdNext.SetCaption("&Next >>");
   switch (tab) {
