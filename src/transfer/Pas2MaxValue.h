@@ -38,7 +38,8 @@ struct DebtorFigures {
   double interestAfter = 0;               // 76
   std::array<std::string, 5> userFields;  // 105 to 109, with their padding
 
-  // The number field `field` (4 to 55, 63 to 65, 67, 75, 76); 0 for any other.
+  // The number field `field` (4 to 55, 63 to 67, 75, 76; the date 66 as its day count); 0 for
+  // any other.
   double Number(int field) const;
   // The text of field 68 or 105 to 109; "" for any other.
   std::string Text(int field) const;

