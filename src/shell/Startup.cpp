@@ -11,6 +11,7 @@
 #include "shell/RunLog.h"
 #include "shell/Tolmen.h"
 #include "transfer/Max2Pastel.h"
+#include "transfer/Pas2MaxCatalogue.h"
 
 namespace tolmen {
 namespace {
@@ -144,7 +145,7 @@ void Form_Load(Tolmen& app) {
       form.lstBillType.SetItemData(form.lstBillType.NewIndex(), document.type);
     }
     form.lstBillType.SetListIndex(2);
-    if (app.stages.FillPastelFieldList) app.stages.FillPastelFieldList();
+    AddPas2MaxList(form.lst2MaxPastel);
 
     SetStartupSection(app, "CheckForAutoRun");
     if (StartupEntryPresent()) form.mnuFile(50).SetChecked(true);

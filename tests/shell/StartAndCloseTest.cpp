@@ -35,6 +35,7 @@ TEST_F(StartAndCloseTest, SettingsAreReadAtLoadAndSavedAtClose) {
   EXPECT_EQ(form.lstBillType.ListIndex(), 2);
   EXPECT_EQ(form.lstBillType.List(2), "Batch Invoice");
   EXPECT_EQ(form.lstBillType.ItemData(4), 105);
+  EXPECT_EQ(form.lst2MaxPastel.ListCount(), 76);  // the Pastel fields of the "To Maximizer" page
   EXPECT_EQ(app_->shell.BusyCount, 0);
   EXPECT_FALSE(form.IsLoaded());
 
