@@ -50,27 +50,18 @@ class SyncCounter {
   sqlite3_vfs vfs_{};
 };
 
-FileDef Numbers() {
-  return FileDef{16, 4096, false, {KeyDef{false, false, {SegmentDef{1, 4, KeyType::Integer}}}}};
-}
-std::string Number(int32_t n) {
-  std::string r = Le(n);
-  r.resize(16, 'x');
-  return r;
-}
-
 TEST(Durability, CommitsAppendToTheLogUnsyncedAndAClosedFileIsWholeOnItsOwn) {
   SyncCounter counter;
   TempDir dir;
   const std::string path = dir.File("clients.dat");
   RecordEngine engine;
-  ASSERT_EQ(CreateFile(engine, path, Numbers()), 0);
+  ASSERT_EQ(CreateFile(engine, path, SmallIntegerFile()), 0);
   Client f(engine);
   ASSERT_EQ(f.Open(path), 0);
-  ASSERT_EQ(f.Insert(Number(0)), 0);  // the log's first commit syncs its header
+  ASSERT_EQ(f.Insert(SmallRecord(0)), 0);  // the log's first commit syncs its header
   counter.Take();
-  for (int32_t n = 1; n <= 20; ++n) ASSERT_EQ(f.Insert(Number(n)), 0);
-  ASSERT_EQ(f.Update(Number(20)), 0);
+  for (int32_t n = 1; n <= 20; ++n) ASSERT_EQ(f.Insert(SmallRecord(n)), 0);
+  ASSERT_EQ(f.Update(SmallRecord(20)), 0);
   EXPECT_EQ(counter.Take(), 0) << "a commit outside a transaction syncs nothing";
 
   // Another connection sees the file in WAL mode and reads the commits while the file is open.
@@ -105,10 +96,10 @@ TEST(Durability, CommitsAppendToTheLogUnsyncedAndAClosedFileIsWholeOnItsOwn) {
   rollback.journal = EngineOptions::Journal::Delete;
   RecordEngine other(rollback);
   Client d(other);
-  ASSERT_EQ(CreateFile(other, dir.File("rollback.dat"), Numbers()), 0);
+  ASSERT_EQ(CreateFile(other, dir.File("rollback.dat"), SmallIntegerFile()), 0);
   ASSERT_EQ(d.Open(dir.File("rollback.dat")), 0);
   counter.Take();
-  for (int32_t n = 1; n <= 5; ++n) ASSERT_EQ(d.Insert(Number(n)), 0);
+  for (int32_t n = 1; n <= 5; ++n) ASSERT_EQ(d.Insert(SmallRecord(n)), 0);
   EXPECT_GE(counter.Take(), 5);
 }
 

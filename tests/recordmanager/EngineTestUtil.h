@@ -78,4 +78,14 @@ std::string Le(T v) {
   return s;
 }
 
+// A file of 16-byte records with one unique 4-byte integer key at the start, and its record n.
+inline FileDef SmallIntegerFile() {
+  return FileDef{16, 4096, false, {KeyDef{false, false, {SegmentDef{1, 4, KeyType::Integer}}}}};
+}
+inline std::string SmallRecord(int32_t n) {
+  std::string r = Le(n);
+  r.resize(16, '-');
+  return r;
+}
+
 }  // namespace tolmen::test

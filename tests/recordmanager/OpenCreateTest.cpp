@@ -11,14 +11,6 @@
 namespace tolmen::test {
 namespace {
 
-FileDef Simple() {
-  return FileDef{16, 4096, false, {KeyDef{false, false, {SegmentDef{1, 4, KeyType::Integer}}}}};
-}
-std::string Record(int32_t n) {
-  std::string r = Le(n);
-  r.resize(16, '-');
-  return r;
-}
 void WriteBytes(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
@@ -27,7 +19,7 @@ TEST(OpenTest, NamesAreFoundWithoutRegardToCaseQuotesOrPadding) {
   TempDir dir;
   std::filesystem::create_directory(dir.Path() / "Data");
   RecordEngine engine;
-  ASSERT_EQ(CreateFile(engine, dir.File("Data/AccMasD.dat"), Simple()), 0);
+  ASSERT_EQ(CreateFile(engine, dir.File("Data/AccMasD.dat"), SmallIntegerFile()), 0);
   const std::string base = dir.Path().string();
   const std::string names[] = {
       base + "/Data/AccMasD.dat",
@@ -54,19 +46,19 @@ TEST(OpenTest, ModesAndPositionBlocks) {
   TempDir dir;
   const std::string path = dir.File("f.dat");
   RecordEngine engine;
-  ASSERT_EQ(CreateFile(engine, path, Simple()), 0);
+  ASSERT_EQ(CreateFile(engine, path, SmallIntegerFile()), 0);
   Client writer(engine);
   ASSERT_EQ(writer.Open(path), 0);
-  ASSERT_EQ(writer.Insert(Record(1)), 0);
+  ASSERT_EQ(writer.Insert(SmallRecord(1)), 0);
 
   Client reader(engine);
   ASSERT_EQ(reader.Open(path, -2), 0);
   ASSERT_EQ(reader.Get(kOpGetFirst), 0);
-  EXPECT_EQ(reader.Insert(Record(2)), kStatusAccessDenied);
-  EXPECT_EQ(reader.Update(Record(1)), kStatusAccessDenied);
+  EXPECT_EQ(reader.Insert(SmallRecord(2)), kStatusAccessDenied);
+  EXPECT_EQ(reader.Update(SmallRecord(1)), kStatusAccessDenied);
   EXPECT_EQ(reader.Call(kOpDelete), kStatusAccessDenied);
   EXPECT_EQ(reader.Get(kOpGetFirst), 0);
-  EXPECT_EQ(reader.data, Record(1));
+  EXPECT_EQ(reader.data, SmallRecord(1));
 
   Client exclusive(engine);
   EXPECT_EQ(exclusive.Open(path, -4), kStatusFileLocked) << "the file is open already";
@@ -104,11 +96,11 @@ TEST(CreateTest, DefinitionsTheEngineCannotKeepAreRefused) {
     return FileDef{
         16, 4096, false, {KeyDef{duplicates, false, {SegmentDef{position, length, type}}}}};
   };
-  FileDef badPage = Simple();
+  FileDef badPage = SmallIntegerFile();
   badPage.pageSize = 1000;
-  FileDef noRecord = Simple();
+  FileDef noRecord = SmallIntegerFile();
   noRecord.recordLength = 0;
-  FileDef noKeys = Simple();
+  FileDef noKeys = SmallIntegerFile();
   noKeys.keys.clear();
   const Case cases[] = {
       {"page size", badPage, 0, kStatusInvalidPageSize},
@@ -117,8 +109,9 @@ TEST(CreateTest, DefinitionsTheEngineCannotKeepAreRefused) {
       {"key beyond the record", one(4, KeyType::Integer, false, 14), 0, kStatusInvalidKeyPosition},
       {"integer of 3 bytes", one(3, KeyType::Integer), 0, kStatusInvalidKeyLength},
       {"date of 8 bytes", one(8, KeyType::Date), 0, kStatusInvalidKeyLength},
-      {"alternate collating sequence", Simple(), kKeyAltCollation, kStatusInvalidKeyFlags},
-      {"null key", Simple(), kKeyNullAll, kStatusInvalidKeyFlags},
+      {"alternate collating sequence", SmallIntegerFile(), kKeyAltCollation,
+       kStatusInvalidKeyFlags},
+      {"null key", SmallIntegerFile(), kKeyNullAll, kStatusInvalidKeyFlags},
       {"autoincrement with duplicates", one(4, KeyType::AutoIncrement, true), 0,
        kStatusInvalidAutoIncrement},
   };
@@ -132,10 +125,12 @@ TEST(CreateTest, DefinitionsTheEngineCannotKeepAreRefused) {
     EXPECT_EQ(engine.BTRCALL(kOpCreate, pos, data, len, key, 255, 0), c.status) << c.what;
     EXPECT_FALSE(std::filesystem::exists(dir.File("bad.dat"))) << c.what;
   }
-  std::string pos(128, ' '), data = BuildCreateBuffer(Simple()), key = dir.File("short.dat");
+  std::string pos(128, ' '), data = BuildCreateBuffer(SmallIntegerFile()),
+                             key = dir.File("short.dat");
   int32_t len = 20;
   EXPECT_EQ(engine.BTRCALL(kOpCreate, pos, data, len, key, 255, 0), kStatusInvalidPageSize);
-  EXPECT_EQ(CreateFile(engine, dir.File("no/such/folder.dat"), Simple()), kStatusCreateIoError);
+  EXPECT_EQ(CreateFile(engine, dir.File("no/such/folder.dat"), SmallIntegerFile()),
+            kStatusCreateIoError);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 0)
       << "nothing is left behind";
 }
@@ -143,17 +138,18 @@ TEST(CreateTest, DefinitionsTheEngineCannotKeepAreRefused) {
 TEST(CreateTest, AnExistingFileIsReplacedOnlyWhenAsked) {
   TempDir dir;
   RecordEngine engine;
-  ASSERT_EQ(CreateFile(engine, dir.File("Cat.dat"), Simple()), 0);
+  ASSERT_EQ(CreateFile(engine, dir.File("Cat.dat"), SmallIntegerFile()), 0);
   Client f(engine);
   ASSERT_EQ(f.Open(dir.File("cat.dat")), 0);
-  ASSERT_EQ(f.Insert(Record(1)), 0);
-  EXPECT_EQ(CreateFile(engine, dir.File("CAT.DAT"), Simple()), kStatusFileLocked) << "open";
+  ASSERT_EQ(f.Insert(SmallRecord(1)), 0);
+  EXPECT_EQ(CreateFile(engine, dir.File("CAT.DAT"), SmallIntegerFile()), kStatusFileLocked)
+      << "open";
   ASSERT_EQ(f.Call(kOpClose), 0);
-  EXPECT_EQ(CreateFile(engine, dir.File("CAT.DAT"), Simple(), -1), kStatusFileExists);
+  EXPECT_EQ(CreateFile(engine, dir.File("CAT.DAT"), SmallIntegerFile(), -1), kStatusFileExists);
   ASSERT_EQ(f.Open(dir.File("Cat.dat")), 0);
   EXPECT_EQ(f.Get(kOpGetFirst), 0) << "the refused create left the records";
   ASSERT_EQ(f.Call(kOpClose), 0);
-  ASSERT_EQ(CreateFile(engine, dir.File("CAT.DAT"), Simple(), 0), 0);
+  ASSERT_EQ(CreateFile(engine, dir.File("CAT.DAT"), SmallIntegerFile(), 0), 0);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 1)
       << "the file of the other spelling was replaced";
   ASSERT_EQ(f.Open(dir.File("Cat.dat")), 0);
@@ -182,7 +178,7 @@ TEST(DamagedFileTest, FilesThatAreNotWholeRecordFilesGiveAStatus) {
 
   // An engine file cut in half.
   const std::string whole = dir.File("whole.dat");
-  FileDef def = Simple();
+  FileDef def = SmallIntegerFile();
   def.recordLength = 1000;
   ASSERT_EQ(CreateFile(engine, whole, def), 0);
   {
@@ -190,7 +186,7 @@ TEST(DamagedFileTest, FilesThatAreNotWholeRecordFilesGiveAStatus) {
     ASSERT_EQ(f.Open(whole), 0);
     ASSERT_EQ(f.Call(kOpBeginTransaction), 0);
     for (int32_t n = 0; n < 300; ++n) {
-      std::string r = Record(n);
+      std::string r = SmallRecord(n);
       r.resize(1000, '#');
       ASSERT_EQ(f.Insert(r), 0);
     }
