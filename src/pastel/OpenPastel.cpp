@@ -316,6 +316,7 @@ bool OpenAndInitPastel(Tolmen& app) {
   set.PastelCompanyName = StripField(gparm.default_(660).Text());
   set.AgingPeriod = CInt(gparm.default_(89));
   set.CurrentPeriod = CInt(gparm.default_(8));
+  set.PeriodsInYear = CInt(gparm.default_(681)) >= 1 ? 13 : 12;
   std::string periodMonth = MonthText(gparm.default_(36 + set.AgingPeriod));
   DecidePeriod13(app, gparm, periodMonth);
   ShowAgingNote(app, periodMonth);

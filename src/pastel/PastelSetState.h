@@ -12,6 +12,8 @@ struct PastelSetState {
   std::string PastelVersion;   // "9.1.5"
   int AgingPeriod = 0;
   int CurrentPeriod = 0;
+  // Periods in the financial year: 13 when the set's period-13 switch is on, else 12.
+  int PeriodsInYear = 12;
   double CurrentPeriodEnd = 0;
   std::string PastelCompanyName;
   std::string PastelFirstUserTag;  // field 3 of the user file's first record; kept, never read

@@ -26,7 +26,6 @@ struct RunStages {
 
   // Not built yet.
   std::function<void()> CheckForAutoRun;        // the auto-run file at the first activation
-  std::function<bool()> IsPas2MaxOK;            // the "To Maximizer" links
   std::function<bool()> CheckRecurringBilling;  // the recurring billing set-up
   std::function<bool()> CheckCasualBilling;     // the casual billing rules
   // Closes the posting toolkit's document files; true when it had files to close.

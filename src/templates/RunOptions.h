@@ -67,6 +67,10 @@ struct RunOptions {
 
   // "To Max": the links of the "To Maximizer" list, each with its tabs.
   std::vector<std::string> ToMax;
+  // "Document Nos" and "Document Dates": the UDFs of the links to the document rows, which
+  // invoice creation fills; resolved with the links.
+  UdfOption DocumentNumbers;
+  UdfOption DocumentDates;
 
   int16_t BillingPeriod = 0;   // 0 no billing, 1 annually, 2 monthly
   int16_t BillWhen = 0;        // 0 today .. 3 on or after the day below

@@ -7,6 +7,7 @@
 #include "transfer/AccountCodes.h"
 #include "transfer/Categories.h"
 #include "transfer/Max2Pastel.h"
+#include "transfer/Pas2MaxLinks.h"
 
 namespace tolmen {
 namespace {
@@ -68,7 +69,7 @@ bool CheckRunOptions(Tolmen& app) {
     tabs.SetTab(MainForm::kTabToPastel);
     return false;
   }
-  if (!Passes(app.stages.IsPas2MaxOK)) {
+  if (!IsPas2MaxOK(app)) {
     tabs.SetTab(MainForm::kTabToMaximizer);
     return false;
   }

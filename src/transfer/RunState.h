@@ -16,6 +16,13 @@ enum StopKind : int16_t { kStopNone = 0, kStopCancel = 2, kStopEnd = 7 };
 // timer run over a list of more than one template.
 enum RunModeKind : int16_t { kRunModeNone = 0, kRunOneTemplate = 1, kRunTemplateList = 2 };
 
+// One "To Maximizer" link as the run writes it: the catalogue row and the UDF's catalogue index.
+struct Pas2MaxLink {
+  int row = 0;
+  int16_t udf = 0;
+  bool operator==(const Pas2MaxLink&) const = default;
+};
+
 struct RunState {
   StopKind StopRequest = kStopNone;
   bool RunActive = false;
@@ -35,6 +42,10 @@ struct RunState {
   bool CasualBillingOn = false;
   bool MismatchSummaryOn = false;
   int32_t TransferToMaximizer = 0;
+  // The links IsPas2MaxOK resolved, in the order of the list, and the state of the screen they
+  // were resolved for (empty: not resolved since it changed).
+  std::vector<Pas2MaxLink> Pas2MaxLinks;
+  std::string Pas2MaxResolvedFor;
   double BillingDate = 0;
 
   // The run as far as the client loop and the log share it: when the pass began, the list of

@@ -17,6 +17,7 @@
 #include "transfer/ClientNames.h"
 #include "transfer/DebtorRecord.h"
 #include "transfer/ImportFiles.h"
+#include "transfer/Pas2MaxLinks.h"
 #include "transfer/RunTrap.h"
 
 namespace tolmen {
@@ -71,7 +72,7 @@ void WorkOnClient(Tolmen& app, RunTrap& trap) {
     run.ShowFinalMessage = true;
   }
   run.CurrentSection = "Pastel2Max1 section";
-  // The push of Pastel's figures to the linked UDFs (Pastel2Max) comes with its module.
+  if (run.TransferToMaximizer != 0 && !trap([&] { Pastel2Max(app); })) return;
   run.CurrentSection = "Update Kelbor to Now";
 }
 

@@ -15,6 +15,7 @@
 #include "transfer/Categories.h"
 #include "transfer/ImportFiles.h"
 #include "transfer/Max2Pastel.h"
+#include "transfer/Pas2MaxLinks.h"
 #include "transfer/RunStart.h"
 
 namespace tolmen {
@@ -54,6 +55,7 @@ bool LeavePage(Tolmen& app, int tab) {
       SetOptions(app);
       return DatabaseChangeWarning(app);
     case MainForm::kTabToMaximizer:
+      return OpenMaximizerOLE(app) && IsPas2MaxOK(app);
     case MainForm::kTabRecurringBilling:
     case MainForm::kTabCasualBilling:
       return OpenMaximizerOLE(app);

@@ -10,6 +10,7 @@
 #include "wizard/FileMenu.h"
 #include "wizard/TabFlow.h"
 #include "wizard/TemplateControls.h"
+#include "wizard/ToMaximizerControls.h"
 #include "wizard/ViewMenu.h"
 
 namespace tolmen {
@@ -31,6 +32,7 @@ void WireMainForm(Tolmen& app) {
   MainForm& form = app.screen.frmMain;
   WireTemplateControls(app);
   WireMaximizerControls(app);
+  WireToMaximizerControls(app);
   form.cmdHelp.SetOnClick([&app] { cmdHelp_Click(app); });
   form.mnuHelpContents.SetOnClick([&app] { cmdHelp_Click(app); });
   form.cmdNext.SetOnClick([&app] { cmdNext_Click(app); });

@@ -278,14 +278,17 @@ TEST_F(Max2PastelTest, CheckRunOptionsStopsAtTheFirstFailure) {
   options.CategoryUdf.name = "Member Type";
 
   // The later checks, each sending the wizard to its own tab.
-  bool links = false, recurring = false, casual = false;
-  app_->stages.IsPas2MaxOK = [&] { return links; };
+  // A link to a UDF the (empty) list of UDFs does not hold.
+  form.mnuOptnPas2Max.SetChecked(true);
+  form.lst2MaxLinked.AddItem("Account Balance\t => Gone\tNumeric");
+  bool recurring = false, casual = false;
   app_->stages.CheckRecurringBilling = [&] { return recurring; };
   app_->stages.CheckCasualBilling = [&] { return casual; };
   form.tabDlg.SetTab(0);
   EXPECT_FALSE(CheckRunOptions(*app_));
   EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabToMaximizer);
-  links = true;
+  EXPECT_TRUE(Contains(Transcript(), "<Gone> was not found in the list of Maximizer UDFs."));
+  form.lst2MaxLinked.Clear();
   EXPECT_FALSE(CheckRunOptions(*app_));
   EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabRecurringBilling);
   recurring = true;
