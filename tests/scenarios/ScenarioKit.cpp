@@ -135,7 +135,9 @@ void ScenarioTest::AddDebtor(const std::string& code, const std::string& name) {
   pastel_["files"]["AccMasD.dat"].push_back({{"2", code}, {"3", name}});
 }
 
-void ScenarioTest::MakeWorld(const json& clients) {
+void ScenarioTest::MakeWorld(const json& clients, const json& moreUdfs) {
+  json udfs = kUdfs;
+  for (const json& udf : moreUdfs) udfs.push_back(udf);
   {
     VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
     ScriptUi ui({}, nullptr, clock, "Tolmen");
@@ -145,14 +147,15 @@ void ScenarioTest::MakeWorld(const json& clients) {
   const std::string description = dir_.File("book.json");
   std::ofstream(description) << json{
       {"name", "Scenario Book"},
-      {"udfs", kUdfs},
+      {"udfs", udfs},
       {"clients", clients}}.dump();
   maxsim_ = std::make_unique<MaxsimProcess>(description);
   ASSERT_TRUE(maxsim_->Start());
   ::setenv("MAXIMIZER_SOCKET", maxsim_->Socket().c_str(), 1);
 }
 
-std::string ScenarioTest::WriteTemplate(const std::map<std::string, std::string>& changes) {
+std::string ScenarioTest::WriteTemplate(const std::map<std::string, std::string>& changes,
+                                        const std::vector<std::string>& toMaximizer) {
   std::map<std::string, std::string> left = changes;
   std::string text;
   for (const auto& [key, line] : kTemplate) {
@@ -175,6 +178,8 @@ std::string ScenarioTest::WriteTemplate(const std::map<std::string, std::string>
     } else {
       text += line + "\r\n";
     }
+    if (line == "*Tab: To Maximizer")
+      for (const std::string& link : toMaximizer) text += link + "\r\n";
   }
   text = Replace(text, "@PASTEL@", Utf8ToCp1252(PastelFolder()));
   text = Replace(text, "@MAXIMIZER@", maxsim_ ? maxsim_->Database() : "");

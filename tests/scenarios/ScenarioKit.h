@@ -92,14 +92,16 @@ class ScenarioTest : public ::testing::Test {
   // Debtors added to the demo set before it is made (code and name).
   void AddDebtor(const std::string& code, const std::string& name);
   // Makes the Pastel set and the address book of `clients` (with the UDFs "Account Number",
-  // "Customer Category" and "VAT Number"), and starts maxsim on it.
-  void MakeWorld(const json& clients);
+  // "Customer Category", "VAT Number" and `moreUdfs`), and starts maxsim on it.
+  void MakeWorld(const json& clients, const json& moreUdfs = json::array());
 
   // The template "run.KTF" in the program's folder: the Pastel set and the address book, every
   // client, category <2> Wholesale, account numbers in the UDF "Account Number", prefix 4 and
   // suffix 2, no addresses. `changes` replaces lines by key ("Category Option" -> "1") or, for
-  // a key not in the template, adds them to the "To Pastel" section. Its path.
-  std::string WriteTemplate(const std::map<std::string, std::string>& changes = {});
+  // a key not in the template, adds them to the "To Pastel" section. `toMaximizer` lines go
+  // into the "To Maximizer" section. Its path.
+  std::string WriteTemplate(const std::map<std::string, std::string>& changes = {},
+                            const std::vector<std::string>& toMaximizer = {});
 
   // The wizard's way in: File > Open Template... with the template, the user's `actions` on the
   // wizard's pages, Next on the Transfer page (which is Import) and `answers` for the dialogs

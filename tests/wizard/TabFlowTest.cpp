@@ -259,6 +259,61 @@ TEST_F(TabFlowTest, LimitLogFileSizeStoresANumericAnswerAndTicksTheItem) {
   EXPECT_EQ(Settings(dir_.File("settings.ini")).GetSetting("Settings", "LogFileLimit"), "0");
 }
 
+// The "To Maximizer" page's buttons and lists, as a user edits the links: a broken link among
+// them, the two refusals, Add, Replace, Edit and Delete by click and by double click.
+TEST_F(TabFlowTest, LinksAreMadeEditedAndRemovedOnTheToMaximizerPage) {
+  ServeSmallBook();
+  std::vector<std::string> seen;  // before each button: the ageing note, the links' tooltip
+  Play({"@set Dir1 " + Pastel(), "@click cmdNext", "@click optImport 0", "@click cmdNext",
+        "@click lst2MaxPastel 4", "@dblclick lst2MaxPastel 4", "OK",  // ageing 1, no UDF yet
+        "@click lst2MaxUDFs 6", "@click cmd2MaxAdd",                  // Pastel Balance
+        "@click lst2MaxPastel 2", "@click cmd2MaxReplace",            // Account Balance
+        "@dblclick lst2MaxUDFs 3",                                    // a second link
+        "@dblclick lst2MaxLinked 1",                                  // back into the lists
+        "@dblclick lst2MaxLinked 0", "OK",                            // the broken one
+        "@click cmd2MaxDelete", "@click cmd2MaxDelete", "OK", "@click cmdNext"},
+       [this, &seen] {
+         Form().lst2MaxLinked.AddItem("Gone Field\t => Nothing\t (Alpha)");
+         window_->before = [this, &seen](const UiAction& action) {
+           if (action.verb == "click" && action.args[0].starts_with("cmd2Max"))
+             seen.push_back(action.args[0] + (Form().lblAging.Visible() ? " aging " : " ") +
+                            Form().lst2MaxLinked.ToolTipText());
+         };
+       });
+  const std::string linkAdded =
+      "Account Monthly Aging 1 ('30 days')\t => Pastel Balance\t (Number)";
+  EXPECT_EQ(seen, (std::vector<std::string>{
+                      "cmd2MaxAdd aging Click item & Wait for Tooltip",
+                      "cmd2MaxReplace " + linkAdded,
+                      "cmd2MaxDelete Gone Field\t => Nothing\t (Alpha)",
+                      "cmd2MaxDelete Gone Field\t => Nothing\t (Alpha)",
+                  }));
+  EXPECT_EQ(Count("== MsgBox"), 3) << Transcript();
+  EXPECT_THAT(Transcript(),
+              HasSubstr("@ dblclick lst2MaxPastel 4\n"
+                        "== MsgBox | Tolmen 1.0.0 for Maximizer 8, 9 and later | OK | None\n"
+                        "Please select a Maximizer Table, Numeric, or Alphanumeric User-Defined "
+                        "Field!\n-> OK\n-- focus lst2MaxUDFs\n"));
+  EXPECT_THAT(Transcript(),
+              HasSubstr("== MsgBox | Tolmen 1.0.0 for Maximizer 8, 9 and later Couldn't Edit! | OK "
+                        "| None\nThere are Errors in 'To Maximizer' Item(s):\n\n"
+                        "<Gone Field> was not found in the Pastel Fields.\n"
+                        "This error should not occur unless you are using a template from a\n"
+                        "later version that can handle more Pastel Fields than this version "
+                        "can.\nTry upgrading to the latest Tolmen, or delete this Link.\n\n"
+                        "<Nothing> was not found in the list of Maximizer UDFs.\n"));
+  EXPECT_THAT(Transcript(), HasSubstr("@ click cmd2MaxDelete\n== MsgBox | Tolmen | OK | None\n"
+                                      "First Select the item you want to delete!\n"));
+  MainForm& form = Form();
+  EXPECT_EQ(form.lst2MaxLinked.Items().size(), 2u);
+  EXPECT_EQ(form.lst2MaxLinked.List(0), "Account Balance\t => Pastel Balance\t (Number)");
+  EXPECT_EQ(form.lst2MaxLinked.List(1), "Account Balance\t => Credit Limit\t (Number)");
+  // Edit put the first good link's UDF back into the upper list.
+  EXPECT_EQ(form.lst2MaxUDFs.ListIndex(), 6);
+  // With the menu tick off the links are not looked at, and Next goes on.
+  EXPECT_EQ(window_->pages.back(), MainForm::kTabRecurringBilling);
+}
+
 TEST_F(TabFlowTest, OpeningATemplateAndImportingRunsTheTransfer) {
   ServeSmallBook();
   const std::string path = WriteTemplate(database_);
