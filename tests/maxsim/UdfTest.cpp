@@ -52,7 +52,9 @@ TEST_F(UdfTest, UdfListWithACommaInsideANameAndATablesItems) {
             "Discount, %,Numeric\r\n"
             "VAT Number,Alphanumeric\r\n"
             "Pastel Balance,Numeric\r\n"
-            "Invoice Message,Alphanumeric\r\n");
+            "Invoice Message,Alphanumeric\r\n"
+            "Aging Current,Numeric\r\n"
+            "Aging 30 Days,Numeric\r\n");
 
   const std::string file = maxsim_.Folder().File("items.txt");
   app_->ListOfCategories(file, "\"Customer Category\"", "Items");

@@ -47,13 +47,13 @@ TEST_F(PastelDataToolTest, DumpOfASetRebuildsTheSameBytes) {
     rebuilt["files"][name] = dump["files"][name];
   }
   const json& debtors = rebuilt["files"]["AccMasD.dat"];
-  ASSERT_EQ(debtors.size(), 4u);
-  EXPECT_EQ(debtors[3]["3"], json::parse(R"("Caf\u00e9 \"Noir\"")"));
+  ASSERT_EQ(debtors.size(), 5u);
+  EXPECT_EQ(debtors[4]["3"], json::parse(R"("Caf\u00e9 \"Noir\"")"));
   EXPECT_EQ(debtors[0]["75"], 5000);
   EXPECT_EQ(debtors[0]["127"], "2024-05-02");
   // Day 0 of month 13 reads as 31 December 2005; the two bytes that do not come back go raw.
-  EXPECT_EQ(debtors[3]["127"], "2005-12-31");
-  EXPECT_EQ(debtors[3]["@1092"], json::parse(R"("\u0000\u000d")"));
+  EXPECT_EQ(debtors[4]["127"], "2005-12-31");
+  EXPECT_EQ(debtors[4]["@1092"], json::parse(R"("\u0000\u000d")"));
 
   std::ofstream(root_ / "dump.json") << rebuilt.dump();
   Run("create " + Quote(root_ / "two") + " < " + Quote(root_ / "dump.json"), status);

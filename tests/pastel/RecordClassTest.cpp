@@ -269,7 +269,7 @@ TEST_F(RecordClassTest, ProtocolOpensWalksSearchesAndWrites) {
   debtor.STATUS_ = 77;
   debtor.INSERT();  // WriteCsv is off: no line, status 0
   EXPECT_EQ(debtor.STATUS_, 0);
-  EXPECT_EQ(debtor.RecordCount(), 3);
+  EXPECT_EQ(debtor.RecordCount(), 4);
   debtor.GET_EQUAL("NEW001");
   EXPECT_EQ(debtor.STATUS_, 4);
 }

@@ -63,3 +63,12 @@ echo "== UDFs changed in Maximizer"
 "$BIN/maxsim" dump "$WORK/maximizer" > "$WORK/after.json"
 { diff "$WORK/before.json" "$WORK/after.json" || true; } | grep -E '^[<>]' | grep -v last_change ||
   echo "(none)"
+echo
+echo "== The linked UDFs after the run (the template's \"To Maximizer\" links)"
+# KARO1 is shorter than six characters, so its figures are read from Pastel; a six-character code
+# takes the figures of the debtor line the run has just made: zero balances and Pastel's default
+# credit limit.
+awk -F'"' '/"clients"/ { inClients = 1 }
+  inClients && /"(Client_Name|Last_Name)"/ { name = $4 }
+  inClients && /"(Pastel Balance|Aging Current|Aging 30 Days|Credit Limit)"/ {
+    printf "  %-30s %-15s %s\n", name, $2, $4 }' "$WORK/after.json"
