@@ -4,7 +4,12 @@
 // clock, so that the system's own one-second waits cost nothing). Each client has its account
 // code in Maximizer, so no prompt stops the run.
 //
-//   bench_transfer [N...]        one run per N (default 1000 and 10000), each in its own process
+//   bench_transfer [N...]        two runs per N (default 1000 and 10000), each in its own
+//                                process: without links to Maximizer, then with a dozen
+//
+// With links, every client also gets twelve Pastel figures written into its UDFs. Half the
+// clients have five-character codes whose debtors are in Pastel (the figures are read from the
+// debtor file), the other half six-character codes (the figures of the line just made).
 //
 // For each N the parent makes the book and the set and starts maxsim; a child process runs
 // Tolmen alone and reports the wall time of the run, clients per second and its own peak
@@ -64,12 +69,42 @@ bool ReadUntil(int fd, std::string& text, const std::string& until) {
   return true;
 }
 
-json Book(int clients) {
+// The twelve links of a run with links, each to a numeric UDF of its own ("L01" to "L12").
+const std::vector<std::string> kLinkRows = {"Account Balance",
+                                            "Account Monthly Aging 0 ('Current')",
+                                            "Account Monthly Aging 1 ('30 days')",
+                                            "Account Monthly Aging 2 ('60 days')",
+                                            "Account Monthly Aging 3 ('90 days')",
+                                            "Account Monthly Aging 4+ ('120+')",
+                                            "Customer Credit Limit",
+                                            "Both years' Total Sales",
+                                            "Last year's Total Sales",
+                                            "This year's Total Sales",
+                                            "Settlement terms code",
+                                            "Default Discount (%)"};
+
+std::string LinkUdf(size_t link) {
+  const std::string number = std::to_string(link + 1);
+  return (number.size() < 2 ? "L0" : "L") + number;
+}
+
+// Client i's account code: six characters, or with links for odd i five ("C" and four digits),
+// a debtor of the Pastel set.
+std::string Code(int i, bool links) {
+  char code[8];
+  if (links && i % 2 == 1)
+    std::snprintf(code, sizeof code, "C%04d", i % 10000);
+  else
+    std::snprintf(code, sizeof code, "B%05d", i % 100000);
+  return code;
+}
+
+json Book(int clients, bool links) {
   json list = json::array();
   for (int i = 1; i <= clients; ++i) {
-    char id[16], code[8], name[32];
+    char id[16], name[32];
     std::snprintf(id, sizeof id, "B%06d", i);
-    std::snprintf(code, sizeof code, "B%05d", i % 100000);
+    const std::string code = Code(i, links);
     std::snprintf(name, sizeof name, "Client %06d (Pty) Ltd", i);
     list.push_back({{"Identification", id},
                     {"RecType", 1},
@@ -85,13 +120,28 @@ json Book(int clients) {
                     {"E-mail Address", std::string("accounts@") + id + ".example"},
                     {"udfs", {{"Account Number", code}, {"Customer Category", "Retail"}}}});
   }
-  return {{"name", "Bench Book"},
-          {"udfs",
-           {{{"name", "Account Number"}, {"type", "Alphanumeric"}},
-            {{"name", "Customer Category"},
-             {"type", "Table"},
-             {"items", {"Retail", "Wholesale", "Farming"}}}}},
-          {"clients", list}};
+  json udfs = {{{"name", "Account Number"}, {"type", "Alphanumeric"}},
+               {{"name", "Customer Category"},
+                {"type", "Table"},
+                {"items", {"Retail", "Wholesale", "Farming"}}}};
+  for (size_t link = 0; links && link < kLinkRows.size(); ++link)
+    udfs.push_back({{"name", LinkUdf(link)}, {"type", "Numeric"}});
+  return {{"name", "Bench Book"}, {"udfs", udfs}, {"clients", list}};
+}
+
+// The demo set, with links a debtor with balances and sales for each five-character code.
+json PastelSet(int clients, bool links) {
+  std::ifstream in(std::string(TOLMEN_SOURCE_DIR) + "/tools/pasteldata/samples/demo.json");
+  json set = json::parse(in);
+  for (int i = 1; links && i <= clients; i += 2)
+    set["files"]["AccMasD.dat"].push_back({{"2", Code(i, links)},
+                                           {"3", "Client " + std::to_string(i)},
+                                           {"4", 100.25 * i},
+                                           {"6", 12.5},
+                                           {"20", 40},
+                                           {"30", 99.99},
+                                           {"75", 5000}});
+  return set;
 }
 
 const char* kTemplate =
@@ -114,6 +164,7 @@ const char* kTemplate =
     "Pastel Suffix Size:2\r\n"
     "Account Number: Account Number\r\n"
     "*Tab: To Maximizer\r\n"
+    "@LINKS@"
     "*Tab: Recurring Billing\r\n"
     "Billing Period: 0\r\n";
 
@@ -160,13 +211,16 @@ class MemorySampler {
 };
 
 // The child: Tolmen alone, over the world the parent made in `folder`.
-int RunTolmen(const fs::path& folder, int clients) {
+int RunTolmen(const fs::path& folder, int clients, bool links) {
   const long before = StatusKilobytes("VmHWM");
   MemorySampler sampler;
   VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
-  ScriptUi ui({"@click mnuFile \"&Open Template...\"", "= " + (folder / "home/run.KTF").string(),
-               "@click cmdNext", "Yes", "No"},
-              nullptr, clock, "Tolmen");
+  std::vector<std::string> script = {"@click mnuFile \"&Open Template...\"",
+                                     "= " + (folder / "home/run.KTF").string()};
+  // The links are written only while Options > "Update Maximizer from Pastel" is ticked.
+  if (links) script.push_back("@click mnuOptnPas2Max");
+  script.insert(script.end(), {"@click cmdNext", "Yes", "No"});
+  ScriptUi ui(script, nullptr, clock, "Tolmen");
   Tolmen app(MakeAppInfo((folder / "home").string() + "/", "1.0.0"), ui, clock,
              (folder / "settings.ini").string());
   ScreenActions window(app.screen);
@@ -181,21 +235,26 @@ int RunTolmen(const fs::path& folder, int clients) {
   std::ifstream csv(folder / "pastel/MaxCus01.csv", std::ios::binary);
   long lines = 0;
   for (std::string line; std::getline(csv, line);) ++lines;
-  if (lines != clients + 1 || app.run.ClientsProcessed != clients + 1) {
-    std::cerr << "bench_transfer: " << lines << " lines and " << app.run.ClientsProcessed
-              << " clients processed for " << clients << " clients\n";
+  const int sent = links ? clients + 1 : 0;
+  if (lines != clients + 1 || app.run.ClientsProcessed != clients + 1 ||
+      app.run.BalancesSent != sent) {
+    std::cerr << "bench_transfer: " << lines << " lines, " << app.run.ClientsProcessed
+              << " clients processed and " << app.run.BalancesSent << " sent to Maximizer for "
+              << clients << " clients\n";
     return 1;
   }
   std::printf(
-      "N=%6d  %7.2f s  %5.0f clients/s  peak RSS %5.1f MB (%.1f MB at start): heap %5.1f MB, "
+      "N=%6d  %2zu links  %7.2f s  %5.0f clients/s  peak RSS %5.1f MB (%.1f MB at start): heap "
+      "%5.1f MB, "
       "mapped files %5.1f MB\n",
-      clients, seconds, clients / seconds, StatusKilobytes("VmHWM") / 1024.0, before / 1024.0,
-      sampler.Anon() / 1024.0, sampler.File() / 1024.0);
+      clients, links ? kLinkRows.size() : 0, seconds, clients / seconds,
+      StatusKilobytes("VmHWM") / 1024.0, before / 1024.0, sampler.Anon() / 1024.0,
+      sampler.File() / 1024.0);
   return 0;
 }
 
 // The parent: the world for N clients, maxsim serving it, and the child.
-int Measure(int clients) {
+int Measure(int clients, bool links) {
   const fs::path folder =
       fs::temp_directory_path() / ("tolmen-bench-transfer-" + std::to_string(::getpid()));
   fs::remove_all(folder);
@@ -205,7 +264,7 @@ int Measure(int clients) {
   ::setenv("MAXIMIZER_SOCKET", socket.c_str(), 1);
   ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
 
-  std::ofstream(folder / "book.json") << Book(clients).dump();
+  std::ofstream(folder / "book.json") << Book(clients, links).dump();
   if (Reap(Spawn(
           {maxsim, "init", (folder / "db").string(), "--from", (folder / "book.json").string()},
           nullptr)) != 0) {
@@ -213,8 +272,7 @@ int Measure(int clients) {
     return 1;
   }
   {
-    std::ifstream in(std::string(TOLMEN_SOURCE_DIR) + "/tools/pasteldata/samples/demo.json");
-    const json set = json::parse(in);
+    const json set = PastelSet(clients, links);
     VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
     ScriptUi ui({}, nullptr, clock, "Tolmen");
     Tolmen maker(MakeAppInfo((folder / "home").string() + "/", "1.0.0"), ui, clock,
@@ -223,6 +281,10 @@ int Measure(int clients) {
   }
   std::string text = Replace(kTemplate, "@PASTEL@", (folder / "pastel").string() + "/");
   text = Replace(text, "@MAXIMIZER@", (folder / "db").string());
+  std::string linkLines;
+  for (size_t link = 0; links && link < kLinkRows.size(); ++link)
+    linkLines += "To Max: " + kLinkRows[link] + "| => " + LinkUdf(link) + "| (Number)\r\n";
+  text = Replace(text, "@LINKS@", linkLines);
   std::ofstream(folder / "home/run.KTF", std::ios::binary) << text;
 
   int out = -1;
@@ -231,7 +293,9 @@ int Measure(int clients) {
   int status = 1;
   if (ReadUntil(out, said, "ready\n")) {
     const std::string self = fs::read_symlink("/proc/self/exe").string();
-    status = Reap(Spawn({self, "--run", folder.string(), std::to_string(clients)}, nullptr));
+    status = Reap(
+        Spawn({self, "--run", folder.string(), std::to_string(clients), links ? "links" : "none"},
+              nullptr));
     // The automation calls the run made, from maxsim's journal (which keeps the last 100,000).
     int journal = -1;
     const pid_t ctl = Spawn({maxsim, "ctl", "--socket", socket, "journal"}, &journal);
@@ -257,13 +321,14 @@ int Measure(int clients) {
 }  // namespace tolmen::bench
 
 int main(int argc, char** argv) {
-  if (argc == 4 && std::string(argv[1]) == "--run")
-    return tolmen::bench::RunTolmen(argv[2], std::atoi(argv[3]));
+  if (argc == 5 && std::string(argv[1]) == "--run")
+    return tolmen::bench::RunTolmen(argv[2], std::atoi(argv[3]), std::string(argv[4]) == "links");
   std::vector<int> sizes;
   for (int i = 1; i < argc; ++i) sizes.push_back(std::atoi(argv[i]));
   if (sizes.empty()) sizes = {1000, 10000};
   int status = 0;
   for (int clients : sizes)
-    if (clients > 0 && tolmen::bench::Measure(clients) != 0) status = 1;
+    for (bool links : {false, true})
+      if (clients > 0 && tolmen::bench::Measure(clients, links) != 0) status = 1;
   return status;
 }
