@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "background/AutoRunFile.h"
@@ -134,50 +135,27 @@ TEST(AutoRunFileTest, AFileWithTheOldHeaderIsWrittenBackWithTheNewOne) {
   EXPECT_THROW(WriteAutoRunFile(dir.File("no/such/AUTORUN.KSF"), state, true, true), RuntimeError);
 }
 
-TEST(ScheduleTest, ARunIsDueOnlyWhenTheCountOrTheTimeIsEqual) {
-  struct Case {
-    const char* method;
-    int16_t counter, interval;
-    const char* now;
-    const char* runTime;
-    bool due;
-  } const cases[] = {
-      {"INTERVAL", 2, 3, "09:02", "09:02", false}, {"INTERVAL", 3, 3, "09:03", "", true},
-      {"INTERVAL", 4, 3, "09:04", "", false},      {"INTERVAL", 1, 0, "09:01", "", false},
-      {"TIME", 5, 5, "13:59", "14:00", false},     {"TIME", 6, 0, "14:00", "14:00", true},
-      {"TIME", 6, 0, "14:00", "14:0", false},      {"", 3, 3, "14:00", "14:00", false},
-  };
-  for (const Case& c : cases)
-    EXPECT_EQ(ScheduledRunDue(c.method, c.counter, c.interval, c.now, c.runTime), c.due)
-        << c.method << " " << c.counter << " " << c.now;
-}
+TEST(ScheduleTest, TicksTheBoxesAndTheTrayTip) {
+  // A run is due on equality only: an interval of 0 never comes, the count starts at 1.
+  EXPECT_FALSE(ScheduledRunDue("INTERVAL", 2, 3, "09:02", "09:02"));
+  EXPECT_TRUE(ScheduledRunDue("INTERVAL", 3, 3, "09:03", ""));
+  EXPECT_FALSE(ScheduledRunDue("INTERVAL", 1, 0, "09:01", ""));
+  EXPECT_TRUE(ScheduledRunDue("TIME", 6, 0, "14:00", "14:00"));
+  EXPECT_FALSE(ScheduledRunDue("", 3, 3, "14:00", "14:00"));
 
-TEST(ScheduleTest, TheTimeAndIntervalBoxesAndTheTrayTip) {
-  struct Typing {
-    const char* typed;
-    const char* shown;
-    int caret;
-  } const typings[] = {{"14", "14:00", 2},
-                       {"9:", "09:", -1},
-                       {"09", "009:00", 2},
-                       {"1", "1", -1},
-                       {"14:3", "14:3", -1}};
-  for (const Typing& t : typings) {
-    int caret = -1;
-    EXPECT_EQ(CompleteTimeTyping(t.typed, caret), t.shown) << t.typed;
-    EXPECT_EQ(caret, t.caret) << t.typed;
+  // Typed text of two characters is completed, as literally as the rule says ("09" too).
+  for (const auto& [typed, shown, caret] :
+       {std::tuple{"14", "14:00", 2}, std::tuple{"9:", "09:", -1}, std::tuple{"09", "009:00", 2}}) {
+    int at = -1;
+    EXPECT_EQ(CompleteTimeTyping(typed, at), shown);
+    EXPECT_EQ(at, caret) << typed;
   }
-
-  struct Carry {
-    const char *hours, *minutes, *shownHours, *shownMinutes;
-  } const carries[] = {{"1", "90", "02", "30"},
-                       {"0", "59", "00", "59"},
-                       {"", "5", "", "05"},
-                       {"3", "150", "04", "90"}};
-  for (const Carry& c : carries) {
-    std::string hours = c.hours, minutes = c.minutes;
-    CarryMinutes(hours, minutes);
-    EXPECT_EQ(hours + "|" + minutes, std::string(c.shownHours) + "|" + c.shownMinutes);
+  // Minutes above 59 lose 60 once, into the hours.
+  for (const auto& [hours, minutes, shown] :
+       {std::tuple{"1", "90", "02:30"}, std::tuple{"3", "150", "04:90"}}) {
+    std::string h = hours, m = minutes;
+    CarryMinutes(h, m);
+    EXPECT_EQ(h + ":" + m, shown);
   }
 
   EXPECT_EQ(TimeAfter(DateFromParts(2026, 11, 23, 23, 50, 0), 15), "00:05");
