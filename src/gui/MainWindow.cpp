@@ -304,11 +304,24 @@ void MainWindow::ShowAsForm(QWidget* widget, const Form& form) {
   }
 }
 
+void MainWindow::SetMinimiseWhenHidden(bool on) {
+  minimiseWhenHidden_ = on;
+  Refresh();
+}
+
 void MainWindow::Refresh() {
   if (refreshing_) return;
   refreshing_ = true;
   for (auto& binding : bindings_) binding->Refresh();
-  ShowAsForm(this, model_.frmMain);
+  const MainForm& main = model_.frmMain;
+  if (minimiseWhenHidden_ && main.IsLoaded() && !main.IsShown()) {
+    if (!minimisedForHidden_) showMinimized();
+    minimisedForHidden_ = true;
+  } else {
+    if (minimisedForHidden_ && main.IsShown()) showNormal();
+    minimisedForHidden_ = false;
+    ShowAsForm(this, main);
+  }
   ShowAsForm(optionsDialog_, model_.frmOptions);
   ShowAsForm(setupDialog_, model_.frmSetup);
   refreshing_ = false;

@@ -56,6 +56,9 @@ class MainWindow : public QMainWindow {
   WindowModel& Window() const { return window_; }
   // Copies the model to every widget, and shows or hides the window and the dialogs.
   void Refresh();
+  // While on, a hidden frmMain is shown minimised instead (a desktop without a notification area
+  // would otherwise leave no way back to the window).
+  void SetMinimiseWhenHidden(bool on);
   // Runs a user's action on the model (an error is shown as a run-time error), then refreshes.
   void RunUserAction(const std::function<void()>& action);
 
@@ -91,6 +94,8 @@ class MainWindow : public QMainWindow {
   FormDialog* setupDialog_ = nullptr;
   std::vector<std::unique_ptr<FormBinding>> bindings_;
   bool refreshing_ = false;
+  bool minimiseWhenHidden_ = false;
+  bool minimisedForHidden_ = false;  // shown minimised in place of hidden
 };
 
 }  // namespace tolmen

@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMovie>
 #include <QPrinter>
@@ -283,20 +284,46 @@ bool QtUi::HasTray() {
   return QSystemTrayIcon::isSystemTrayAvailable();
 }
 
+void QtUi::PerformTray(const char* what) {
+  if (!window_) return;
+  window_->RunUserAction([this, what] {
+    window_->Window().Perform(UiAction{"tray", {what}, "tray"});
+  });
+}
+
 void QtUi::TrayAdd(const std::string& tip) {
+  if (!HasTray()) {
+    // Without a notification area the window stays on the task bar, minimised.
+    if (window_) window_->SetMinimiseWhenHidden(true);
+    if (!noTraySaid_) {
+      noTraySaid_ = true;
+      auto* note = new QMessageBox(QMessageBox::Information, ToQt(defaultTitle_),
+                                   "The desktop has no notification area: the window stays "
+                                   "minimised while the program runs in the background.",
+                                   QMessageBox::Ok, window_);
+      note->setAttribute(Qt::WA_DeleteOnClose);
+      note->setModal(false);
+      note->show();
+    }
+    return;
+  }
   if (!tray_) {
     QIcon icon = QApplication::windowIcon();
     if (icon.isNull()) icon = QApplication::style()->standardIcon(QStyle::SP_ComputerIcon);
     tray_ = std::make_unique<QSystemTrayIcon>(icon);
+    // The icon's double click shows the window; its menu offers both double clicks.
+    trayMenu_ = std::make_unique<QMenu>();
+    trayMenu_->setObjectName("trayMenu");
+    QAction* show = trayMenu_->addAction("&Show Window");
+    show->setObjectName("trayShowWindow");
+    connect(show, &QAction::triggered, this, [this] { PerformTray("dblclick"); });
+    QAction* options = trayMenu_->addAction("Background Mode &Options...");
+    options->setObjectName("trayOptions");
+    connect(options, &QAction::triggered, this, [this] { PerformTray("rdblclick"); });
+    tray_->setContextMenu(trayMenu_.get());
     connect(tray_.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
-              const char* what = reason == QSystemTrayIcon::DoubleClick ? "dblclick"
-                                 : reason == QSystemTrayIcon::Context   ? "context"
-                                                                        : "click";
-              if (!window_) return;
-              window_->RunUserAction([this, what] {
-                window_->Window().Perform(UiAction{"tray", {what}, "tray"});
-              });
+              if (reason == QSystemTrayIcon::DoubleClick) PerformTray("dblclick");
             });
   }
   tray_->setToolTip(ToQt(tip));
@@ -309,6 +336,11 @@ void QtUi::TrayModify(const std::string& tip) {
 
 void QtUi::TrayRemove() {
   tray_.reset();
+  if (window_) window_->SetMinimiseWhenHidden(false);
+}
+
+QMenu* QtUi::TrayMenu() const {
+  return trayMenu_.get();
 }
 
 void QtUi::SetBusyPointer(bool busy) {

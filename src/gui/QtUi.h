@@ -12,8 +12,11 @@
 // - ShowHelp opens the page's HTML file (platform/ui/HelpPage.h: "::/html/06 Open Tab.htm" is
 //   share/tolmen/help/html/06 Open Tab.htm beside the program's bin/ folder) in the desktop's
 //   browser; false when the page is not installed.
-// - The tray icon's clicks reach the window model as the action "tray" with one argument:
-//   "click", "dblclick" or "context" (the right button).
+// - The tray icon (QSystemTrayIcon) shows the tip it is given. Its double click reaches the
+//   window model as the action "tray dblclick"; its context menu offers "Show Window" (the same)
+//   and "Background Mode Options..." ("tray rdblclick", the right button's double click).
+// - Where the desktop has no notification area, TrayAdd says so once (a message that does not
+//   wait) and the window is minimised instead of hidden while the tray would be in use.
 // - SetBusyPointer(true) pushes the hourglass (it may be called while already busy);
 //   SetBusyPointer(false) restores the normal pointer however often it was pushed.
 // - The animation plays a clip Qt can read: the path given, or a GIF of the same name under
@@ -28,6 +31,7 @@
 #include "platform/ui/Clock.h"
 #include "platform/ui/Ui.h"
 
+class QMenu;
 class QMovie;
 class QSocketNotifier;
 class QSystemTrayIcon;
@@ -78,6 +82,8 @@ class QtUi : public QObject, public Ui {
   void TrayAdd(const std::string& tip) override;
   void TrayModify(const std::string& tip) override;
   void TrayRemove() override;
+  // The tray icon's context menu; nullptr until an icon has been added.
+  QMenu* TrayMenu() const;
 
   void SetBusyPointer(bool busy) override;
   bool AnimationOpen(const std::string& path) override;
@@ -94,12 +100,16 @@ class QtUi : public QObject, public Ui {
   QWidget* DialogParent() const;
   void Refresh();
   void SyncTimers();
+  // Hands "tray WHAT" to the attached window's model.
+  void PerformTray(const char* what);
 
   Clock& clock_;
   MainWindow* window_ = nullptr;
   std::string defaultTitle_ = "Tolmen";
   std::map<Timer*, QTimer*> timers_;
   std::unique_ptr<QSystemTrayIcon> tray_;
+  std::unique_ptr<QMenu> trayMenu_;
+  bool noTraySaid_ = false;
   std::unique_ptr<QMovie> movie_;
   std::unique_ptr<QSocketNotifier> systemClose_;
   int busyDepth_ = 0;

@@ -13,6 +13,8 @@
 // - mnuOptnMulti(0) stands for "method not chosen", (1) to (3) for the three methods.
 #pragma once
 
+#include <functional>
+
 #include "platform/ui/Timer.h"
 #include "screen/Controls.h"
 #include "screen/Form.h"
@@ -45,9 +47,25 @@ class MainForm : public Form,
   static constexpr int kTabCasualBilling = 4;
   static constexpr int kTabTransfer = 5;
 
+  // The notification icon's mouse messages, as its callback hands them to the form: a button
+  // let go, and a double click, of the left and the right button.
+  static constexpr int kTrayLeftUp = 514;
+  static constexpr int kTrayLeftDoubleClick = 515;
+  static constexpr int kTrayRightUp = 517;
+  static constexpr int kTrayRightDoubleClick = 518;
+
   MainForm();
 
+  using TrayHandler = std::function<void(int message)>;
+  void SetOnTrayMessage(TrayHandler handler) { onTray_ = std::move(handler); }
+  bool HasTrayHandler() const { return static_cast<bool>(onTray_); }
+  void TrayMessage(int message) {
+    if (onTray_) onTray_(message);
+  }
+
  private:
+  TrayHandler onTray_;
+
   void RegisterPage(const PageControls& page, int tab);
 
  public:

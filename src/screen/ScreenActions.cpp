@@ -61,9 +61,12 @@ std::string ScreenActions::Perform(const UiAction& action) {
       return "";
     }
     if (verb == "tray") {
-      if (!tray_) return "no handler for tray";
-      tray_(args);
-      return "";
+      if (tray_) {
+        tray_(args);
+        return "";
+      }
+      if (!model_.frmMain.HasTrayHandler()) return "no handler for tray";
+      return TrayMessage(args);
     }
     if (verb == "tab") {
       if (args.empty()) return "tab: which page?";
@@ -84,6 +87,18 @@ std::string ScreenActions::Perform(const UiAction& action) {
   } catch (const RuntimeError& error) {
     return "error " + std::to_string(error.Number()) + " " + error.Description();
   }
+}
+
+std::string ScreenActions::TrayMessage(const std::vector<std::string>& args) {
+  static const std::map<std::string, int> kMessages = {
+      {"click", MainForm::kTrayLeftUp},
+      {"dblclick", MainForm::kTrayLeftDoubleClick},
+      {"context", MainForm::kTrayRightUp},
+      {"rdblclick", MainForm::kTrayRightDoubleClick}};
+  const auto found = kMessages.find(args.empty() ? "" : LCase(args[0]));
+  if (found == kMessages.end()) return "tray: click, dblclick, context or rdblclick?";
+  model_.frmMain.TrayMessage(found->second);
+  return "";
 }
 
 ScreenActions::Target ScreenActions::Resolve(const std::vector<std::string>& args) {

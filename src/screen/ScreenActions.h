@@ -14,8 +14,10 @@
 //                            "#N" for the entry at index N (counting from 0, as ListIndex does).
 //   tab N                    selects page N of frmMain's tabDlg, as a click on it.
 //   close                    the main window's close box.
-//   tray [WHAT]              a click on the notification icon; WHAT ("click", "dblclick",
-//                            "context") is handed on to the tray hook.
+//   tray WHAT                a click on the notification icon; WHAT ("click", "dblclick",
+//                            "context", "rdblclick": the left button let go, its double click,
+//                            the right button let go, its double click) is handed on to the tray
+//                            hook when one is set, else to frmMain as the icon's mouse message.
 //
 // An action a user could not do is refused with the reason: the control is disabled or not
 // visible, sits in a disabled menu or on a page that is not showing, or its form is hidden or
@@ -75,6 +77,7 @@ class ScreenActions : public WindowModel {
   std::string Set(const Target& target, const std::vector<std::string>& args);
   std::string Select(const Target& target, const std::vector<std::string>& args);
   std::string SelectTab(TabControl& tabs, const std::string& page);
+  std::string TrayMessage(const std::vector<std::string>& args);
 
   ScreenModel& model_;
   std::function<bool()> isOpen_;

@@ -25,7 +25,6 @@ struct RunStages {
   std::function<void()> TransferClients;                      // transfer/TransferClients.h
 
   // Not built yet.
-  std::function<void()> CheckForAutoRun;        // the auto-run file at the first activation
   std::function<bool()> CheckRecurringBilling;  // the recurring billing set-up
   std::function<bool()> CheckCasualBilling;     // the casual billing rules
   // Closes the posting toolkit's document files; true when it had files to close.

@@ -1,5 +1,7 @@
 #include "shell/Startup.h"
 
+#include "background/BackgroundMode.h"
+#include "background/StartupEntry.h"
 #include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "runtime/Conversion.h"
@@ -7,7 +9,6 @@
 #include "shell/Busy.h"
 #include "shell/CommandLine.h"
 #include "shell/DebugLevel.h"
-#include "shell/Registry.h"
 #include "shell/RunLog.h"
 #include "shell/Tolmen.h"
 #include "transfer/Max2Pastel.h"
@@ -104,6 +105,7 @@ void WireShell(Tolmen& app) {
   });
   form.cmdAbort.SetOnClick([&app] { cmdAbort_Click(app); });
   form.mnuOptnDebug.SetOnClick([&app] { DebugLevelDialog(app); });
+  WireBackground(app);
 }
 
 void Form_Load(Tolmen& app) {
@@ -148,7 +150,7 @@ void Form_Load(Tolmen& app) {
     AddPas2MaxList(form.lst2MaxPastel);
 
     SetStartupSection(app, "CheckForAutoRun");
-    if (StartupEntryPresent()) form.mnuFile(50).SetChecked(true);
+    if (IsStartupShortcutThere()) form.mnuFile(50).SetChecked(true);
 
     app.run.ShowFinalMessage = true;
     app.shell.TemplateDialogFolder = info.AppFolder;
@@ -168,7 +170,7 @@ void Form_Activate(Tolmen& app) {
     OpenMaximizerOLE(app);
     app.screen.frmMain.cmdBack.SetEnabled(false);
     ParseCommandLine(app);
-    if (app.shell.AutoRunAllowed && app.stages.CheckForAutoRun) app.stages.CheckForAutoRun();
+    if (app.shell.AutoRunAllowed) CheckForAutoRun(app);
   } catch (const RuntimeError& error) {
     ReportShellError(app, error, "Form_Activate");
   }

@@ -18,7 +18,7 @@ inline constexpr int vbAppTaskManager = 3;   // the process is told to end from 
 
 // Hangs the shell's handlers on frmMain: load, unload, the close box (Form_QueryUnload with
 // vbFormControlMenu, then Unload), the end of the desktop session (the same with vbAppWindows),
-// the Pause button and the debugging level menu item.
+// the Pause button, the debugging level menu item, and background mode (WireBackground).
 void WireShell(Tolmen& app);
 
 // Load: the settings and levels, the "Today is" box, the caption, the tabs and ticks the settings

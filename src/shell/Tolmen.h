@@ -3,6 +3,7 @@
 // Clock and temporary folders.
 #pragma once
 
+#include "background/BackgroundState.h"
 #include "billing/BillingState.h"
 #include "maximizer/MaximizerLink.h"
 #include "maximizer/UdfCatalogue.h"
@@ -48,6 +49,7 @@ class Tolmen {
   ClientState client;  // the client being made a debtor
   RunOptions options;
   BillingState billing;
+  BackgroundState background;  // the schedule of background mode
   ImportFileHandles importFiles{run, pastelFiles};
   PastelSetState pastel;
   RunLog log;

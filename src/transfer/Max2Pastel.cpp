@@ -155,7 +155,8 @@ bool ResultDialog(Tolmen& app) {
 bool ListDialog(Tolmen& app) {
   RunState& run = app.run;
   ++run.TemplatesDone;
-  if (run.TemplatesDone != app.screen.frmOptions.lstTemplates.ListCount() || !run.ShowFinalMessage)
+  if (run.TemplatesDone != static_cast<int>(app.background.TemplateList.size()) ||
+      !run.ShowFinalMessage)
     return false;
   std::vector<std::string> lines{"The Maximizer Clients according to the " +
                                  std::to_string(run.TemplatesDone) +

@@ -1,18 +1,12 @@
 #include "wizard/FileMenu.h"
 
-#include <filesystem>
-#include <fstream>
-
+#include "background/StartupEntry.h"
 #include "runtime/Conversion.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
-#include "runtime/SystemPath.h"
-#include "shell/Registry.h"
 #include "shell/RunLog.h"
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
-
-namespace fs = std::filesystem;
 
 namespace tolmen {
 
@@ -63,34 +57,7 @@ void LimitLogFileSize(Tolmen& app) {
   app.screen.frmMain.mnuFile(21).SetChecked(app.shell.LogFileLimit > 0);
 }
 
-std::string ExecutablePath() {
-  std::error_code error;
-  const fs::path self = fs::read_symlink("/proc/self/exe", error);
-  return error ? std::string("tolmen") : self.string();
-}
-
 }  // namespace
-
-bool SetStartupShortcut(Tolmen& app, int create) {
-  const std::string folder = ReadRegistryValue(HKEY_CURRENT_USER, kShellFoldersKey, "Startup");
-  if (folder.empty()) return false;
-  const fs::path entry = fs::path(SystemPath(folder)) / kStartupEntryName;
-  std::error_code error;
-  if (create != 1) {
-    // Any entry of that name, whatever the case of its letters.
-    for (fs::directory_iterator it(entry.parent_path(), error), end; !error && it != end;
-         it.increment(error))
-      if (EqualsNoCase(it->path().filename().string(), kStartupEntryName))
-        fs::remove(it->path(), error);
-    return !StartupEntryPresent();
-  }
-  fs::create_directories(entry.parent_path(), error);
-  std::ofstream out(entry, std::ios::trunc);
-  out << "[Desktop Entry]\nType=Application\nName=" << app.info.AppName << "\nExec=\""
-      << ExecutablePath() << "\"\nX-GNOME-Autostart-enabled=true\n";
-  out.close();
-  return out.good() && StartupEntryPresent();
-}
 
 void mnuFile_Click(Tolmen& app, int index) {
   MainForm& form = app.screen.frmMain;
@@ -115,10 +82,13 @@ void mnuFile_Click(Tolmen& app, int index) {
     case 21:
       LimitLogFileSize(app);
       break;
+    case 40:
+      app.screen.frmOptions.Show(true);
+      break;
     case 50: {
       const bool on = !form.mnuFile(50).Checked();
-      SetStartupShortcut(app, on ? 1 : 0);
-      form.mnuFile(50).SetChecked(StartupEntryPresent());
+      SetStartupShortcut(app.info.AppName, on ? 1 : 0);
+      form.mnuFile(50).SetChecked(IsStartupShortcutThere());
       break;
     }
     case 51:

@@ -5,22 +5,16 @@
 //   2  "&Save Template..."              file dialog, TemplateSave
 //   20 "&View Log File"                 the log in the text editor
 //   21 "&Limit Log File Size..."        "LogFileLimit" and the item's tick
-//   40 "Run in &Background..."          background mode's options dialog (not built yet)
+//   40 "Run in &Background..."          frmOptions, background mode's options dialog
 //   50 "Run at &Windows Startup"        the start-up entry in the autostart folder, and the tick
 //   51 "Shell to new Copy?"             its tick
 //   99 "E&xit"                          unloads the form
 #pragma once
-
-#include <string>
 
 namespace tolmen {
 
 class Tolmen;
 
 void mnuFile_Click(Tolmen& app, int index);
-
-// Creates ("Tolmen.desktop" starting this program) or removes the start-up entry: 1 creates it,
-// any other value removes it. True when the folder now holds what was asked for.
-bool SetStartupShortcut(Tolmen& app, int create);
 
 }  // namespace tolmen

@@ -30,7 +30,7 @@ TEST_F(CommandLineTest, SilentQuitWithoutBlankRunsTheTemplateAndEndsAtOnce) {
   EXPECT_EQ(app_->run.RunReason, "from Command Line: /SILENT/QUIT monthly.KTF");
   // Only the named template was read: the start template was never reached, nor the auto-run.
   EXPECT_EQ(opened_, std::vector<std::string>{Home() + "monthly.KTF"});
-  EXPECT_EQ(autoRunLooks_, 0);
+  EXPECT_FALSE(AutoRunLooked());
   // Nothing was done, so no dialog; the process ended without Form_Unload: no settings saved.
   EXPECT_EQ(Transcript(), "");
   EXPECT_TRUE(app_->screen.frmMain.IsLoaded());
@@ -54,7 +54,7 @@ TEST_F(CommandLineTest, UnknownParameterIsRefusedAndTheStartGoesOnWithCurrentKtf
   // The switch read before the refusal stays in force.
   EXPECT_TRUE(app_->run.CurrentClientOnly);
   EXPECT_EQ(opened_, std::vector<std::string>{CurrentTemplate()});
-  EXPECT_EQ(autoRunLooks_, 1);
+  EXPECT_TRUE(AutoRunLooked());
   EXPECT_TRUE(fs::exists(SettingsPath()));
 }
 
@@ -70,7 +70,7 @@ TEST_F(CommandLineTest, MissingTemplateIsReportedAndCurrentKtfIsNotRead) {
                 "nothere.ktf specified in the Command Line does not exist!\n"
                 "-> OK\n");
   EXPECT_TRUE(opened_.empty());
-  EXPECT_EQ(autoRunLooks_, 0);
+  EXPECT_FALSE(AutoRunLooked());
   // The form as it starts: the defaults were not loaded either.
   EXPECT_EQ(app_->screen.frmMain.Dir1.Text(), "");
   EXPECT_EQ(app_->screen.frmMain.optImport.Value(), 2);
@@ -84,7 +84,7 @@ TEST_F(CommandLineTest, NoAutoLoadsCurrentKtfWithoutLookingAtTheAutoRunFile) {
   FakeStartStages();
   EXPECT_EQ(RunApp(), kExitOk);
   EXPECT_EQ(opened_, std::vector<std::string>{CurrentTemplate()});
-  EXPECT_EQ(autoRunLooks_, 0);
+  EXPECT_FALSE(AutoRunLooked());
   EXPECT_EQ(Transcript(), "");
 
   // Without "/N" (and with nothing else) the auto-run file is looked at; without CURRENT.KTF
@@ -94,7 +94,7 @@ TEST_F(CommandLineTest, NoAutoLoadsCurrentKtfWithoutLookingAtTheAutoRunFile) {
   Start({}, "");
   FakeStartStages();
   EXPECT_EQ(RunApp(), kExitOk);
-  EXPECT_EQ(autoRunLooks_, 1);
+  EXPECT_TRUE(AutoRunLooked());
   EXPECT_TRUE(opened_.empty());
   const MainForm& form = app_->screen.frmMain;
   EXPECT_EQ(form.Dir1.Text(), "/");

@@ -230,8 +230,7 @@ TEST_F(Max2PastelTest, ErrorTrapRetriesOrLeavesThroughTheEnd) {
 
 TEST_F(Max2PastelTest, TemplateListShowsItsDialogAfterTheLastTemplate) {
   Prepare({"Yes"}, 1);
-  app_->screen.frmOptions.lstTemplates.AddItem("/t/a.ktf");
-  app_->screen.frmOptions.lstTemplates.AddItem("/t/b.ktf");
+  app_->background.TemplateList = {"/t/a.ktf", "/t/b.ktf"};
   app_->run.RunMode = kRunTemplateList;
   app_->run.TemplatesDone = 0;
   DoImport(*app_);

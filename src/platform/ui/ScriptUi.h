@@ -13,6 +13,8 @@
 //   @tab N
 //   @pause N                   click Pause (cmdAbort) at the yield of the N-th client (N >= 1)
 //   @minutes N                 let the minute timer tick N times (N >= 0)
+//   @tray WHAT                 the notification icon: click, dblclick, context or rdblclick
+//                              (see screen/ScreenActions.h)
 //   @close                     the main window's close box
 //
 // ANSWERS go to dialogs in the order the dialogs appear. A dialog takes the next line when it is
