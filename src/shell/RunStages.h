@@ -29,8 +29,6 @@ struct RunStages {
   std::function<bool()> IsPas2MaxOK;            // the "To Maximizer" links
   std::function<bool()> CheckRecurringBilling;  // the recurring billing set-up
   std::function<bool()> CheckCasualBilling;     // the casual billing rules
-  // Closes the posting toolkit's document files; true when it had files to close.
-  std::function<bool()> CloseDocumentFiles;
 };
 
 }  // namespace tolmen
