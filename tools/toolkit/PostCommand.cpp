@@ -41,6 +41,7 @@ class AppendingSink final : public ImportLineSink {
   void WriteHeader(pasHisHeader& header) override { Append(invoice_, HeaderCsvLine(header)); }
   void WriteDetail(pasHisDetail& detail) override { Append(invoice_, DetailCsvLine(detail)); }
 
+  // Creates the file when it is not there.
   static bool CanAppend(const std::string& path) {
     return std::ofstream(SystemPath(path), std::ios::binary | std::ios::app).good();
   }
@@ -144,7 +145,7 @@ int PostDocument(Tolmen& app, const PostRequest& request, std::ostream& out, std
       request.customerFile.empty() ? next.customer : InFolder(folder, request.customerFile);
   if (!AppendingSink::CanAppend(invoice))
     return refuse(kPostCannotRun, invoice + " cannot be written");
-  if (documentType < kBatchedDocuments && !AppendingSink::CanAppend(customer))
+  if (!AppendingSink::CanAppend(customer))
     return refuse(kPostCannotRun, customer + " cannot be written");
 
   AppendingSink sink(app.pastelFiles, invoice, customer);

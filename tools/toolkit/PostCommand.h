@@ -23,7 +23,8 @@ struct PostRequest {
   std::string header;
   std::vector<std::string> lines;
   // The files appended to; empty means the next pair's names (NumberImportFiles). A name
-  // without '/' lies in the set's folder.
+  // without '/' lies in the set's folder. Both files are created, even when no debtor line is
+  // written, so that the next run numbers its files past them instead of emptying them.
   std::string invoiceFile;
   std::string customerFile;
   // The tax percentage, given or read from the set's tax table for a tax code.
