@@ -121,7 +121,7 @@ std::string quilletToolkit::ImportDocument(std::int16_t& documentType, std::int1
   FillHeader(header, documentType, user);
 
   header.INSERT();
-  if (header.STATUS_ >= 1) return std::to_string(header.STATUS_) + "|";
+  if (header.STATUS_ > kStatusOk) return std::to_string(header.STATUS_) + "|";
   const std::string result =
       "0|" + number + "=" + NumberText(TotalExclusive) + "|" + NumberText(TotalInclusive);
 
