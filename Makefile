@@ -2,7 +2,7 @@
 BUILD    ?= build
 JOBS     ?= 2
 PACKAGES := cmake make g++ pkg-config libsqlite3-dev qt6-base-dev libgl-dev libfmt-dev \
-            nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format xvfb xauth
+            nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format xvfb xauth
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
 .PHONY: all deps configure build test demo bench format clean

@@ -14,7 +14,11 @@ class pasHisDetail : public PastelRecord {
   static constexpr std::int32_t kRecordLength = 235;
   explicit pasHisDetail(Tolmen& app);
 
-  void INSERT() { WriteLine(); }
+  // INSERT leaves STATUS_ at kStatusOk whatever the line sink does: posting reads it.
+  void INSERT() {
+    STATUS_ = kStatusOk;
+    WriteLine();
+  }
   void UPDATE() { WriteLine(); }
   void DELETE() {}
   void UNLOCK_() { IO(kOpUnlock); }

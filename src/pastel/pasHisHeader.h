@@ -13,7 +13,11 @@ class pasHisHeader : public PastelRecord {
   static constexpr std::int32_t kRecordLength = 463;
   explicit pasHisHeader(Tolmen& app);
 
-  void INSERT() { WriteLine(); }
+  // INSERT leaves STATUS_ at kStatusOk whatever the line sink does: posting reads it.
+  void INSERT() {
+    STATUS_ = kStatusOk;
+    WriteLine();
+  }
   void UPDATE() { WriteLine(); }
   void DELETE() {}
   void UNLOCK_() { IO(kOpUnlock); }

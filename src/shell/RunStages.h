@@ -27,8 +27,6 @@ struct RunStages {
   // Not built yet.
   std::function<bool()> CheckRecurringBilling;  // the recurring billing set-up
   std::function<bool()> CheckCasualBilling;     // the casual billing rules
-  // Closes the posting toolkit's document files; true when it had files to close.
-  std::function<bool()> CloseDocumentFiles;
 };
 
 }  // namespace tolmen

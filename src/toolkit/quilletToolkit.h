@@ -10,7 +10,11 @@
 //
 // Walking a table: NumberOfRecords, GetNearest with an empty key, then GetNext until the status
 // is no longer 0. Errors raised by the record classes reach the caller: the class traps nothing.
-// Documents (DefineDocumentHeader ... ImportDocument) build on the members below.
+//
+// A document is DefineDocumentHeader once, DefineDocumentLine once a line, ImportDocument once
+// (toolkit/DocumentStrings.h describes the strings). The Define routines answer "" when they
+// accept a string and "Invalid " and the field's name otherwise; ImportDocument answers a status
+// string. ToolkitStatusText (toolkit/ToolkitStatus.h) makes a sentence of any status string.
 #pragma once
 
 #include <cstdint>
@@ -60,6 +64,36 @@ class quilletToolkit {
   // There is no password handling: `password` is left alone and the answer is "".
   std::string GetPassword(std::string& password);
 
+  // Starts a document: the tax rate becomes the billing percentage (BillingState) over 100,
+  // totals and line count go to 0, and the string is checked field by field. Only dates (D) and
+  // numbers (N) can fail; on failure the held header is emptied.
+  std::string DefineDocumentHeader(std::string& header);
+  // Checks one line string, completes its amounts (quantity 0 is 1; exclusive from cost, else
+  // from inclusive; inclusive from exclusive, both rounded to cents, halves to even), adds them
+  // to the totals and keeps the line. A rejected line leaves count and totals alone. The
+  // eleventh line of a document wipes the stored amounts of lines 1 to 10 (the totals stay).
+  std::string DefineDocumentLine(std::string& line);
+  // The date in the set's date format, read once from "ACCPRMSY"; as OpenObject does not know
+  // that name the format is empty, and the date takes its general form.
+  std::string FormatDate(double date);
+  // The ledger batch line format is stated here only: nothing is read or posted; answers "".
+  std::string ImportGLBatch(std::string& batch, const std::string& unused);
+
+  // Posts the held document: one "Header" line, and unless the header's "Delete" is Y, one
+  // "Detail" line per line (through the history objects' INSERT, that is the import line sink).
+  // For a type below 6 every line also changes the run's debtor (PastelFiles::Debtor, which
+  // must be positioned on the customer) and writes its customer line. The period number comes
+  // from the GL parameters' first period date (PastelFiles::GParm, loaded). Answers
+  // "0|<number>=<exclusive>|<inclusive>", or the header's status and "|".
+  std::string ImportDocument(std::int16_t& documentType, std::int16_t user);
+  // True when a history object exists and is open (only OpenDocumentFiles opens them).
+  bool DocumentFilesOpen() const;
+  // Closes both history objects, replaces them by fresh ones and sets the line count to 0.
+  void CloseDocumentFiles();
+  // With a data path: opens ACCHISTH.DAT and ACCHISTL.DAT there and sets the line count to 0.
+  // Posting does not need it, since INSERT writes to the import file only.
+  void OpenDocumentFiles();
+
   // Fields 1 to MaxFields of the object, each in its text form, joined with "|" and trimmed. A
   // text field holding "|" thus adds a field.
   std::string RecordString(PastelRecord& object);
@@ -94,6 +128,12 @@ class quilletToolkit {
 
  private:
   void CloseAndRelease();
+  // Adds (type 4: subtracts) the unit amounts to the debtor's figures of PeriodCode and writes
+  // the debtor's customer line. The quantity is not applied.
+  void UpdateDebtorTotals(double& inclusive, double& exclusive, std::int16_t& documentType);
+  void FillHeader(pasHisHeader& header, std::int16_t documentType, std::int16_t user);
+  void FillDetail(pasHisDetail& detail, pasHisHeader& header, std::int32_t line,
+                  std::int16_t documentType, std::int16_t user);
 
   Tolmen& app_;
   std::unique_ptr<pasDcodeFile> category_;

@@ -211,9 +211,9 @@ void DoImport(Tolmen& app) {
     // After a stop the system once offered a second phase; only the stage's name is left.
     if (run.StopRequest != kStopNone) run.CurrentSection = "Choice to Abort or do 2nd Phase";
     trap([&] {
-      if (app.stages.CloseDocumentFiles && app.stages.CloseDocumentFiles() &&
-          app.shell.DebugLevel < 0)
-        LogEntry(app, 8, "# Debug: CloseDocumentFiles");
+      if (!app.toolkit.DocumentFilesOpen()) return;
+      app.toolkit.CloseDocumentFiles();
+      if (app.shell.DebugLevel < 0) LogEntry(app, 8, "# Debug: CloseDocumentFiles");
     });
     if (trap.Aborted()) return;
 
