@@ -35,7 +35,8 @@ demo: build
 	@bash tools/demo/demo.sh $(BUILD)
 
 bench: deps
-	cmake -S . -B $(BUILD)-bench -DCMAKE_BUILD_TYPE=Release -DTOLMEN_BENCH=ON -DTOLMEN_GUI=OFF
+	cmake -S . -B $(BUILD)-bench -DCMAKE_BUILD_TYPE=Release -DTOLMEN_BENCH=ON -DTOLMEN_GUI=OFF \
+	  -DTOLMEN_TESTS=OFF -DTOLMEN_APP=OFF -DTOLMEN_TOOLS=maxsim
 	cmake --build $(BUILD)-bench -j $(JOBS)
 	@for b in $(BUILD)-bench/bin/bench_*; do [ -x "$$b" ] && "$$b"; done; true
 
