@@ -9,6 +9,10 @@
 // Windows-1252 cannot hold was given), 3 when the last run was cancelled, 4 when a script ended
 // inside a loop of dialogs.
 //
+// `tolmen run ...` (the first argument "run"), `tolmen --help` and `tolmen --version` are the Linux
+// build's own commands, read before anything else (unattended/RunMain.h); every other command line
+// goes to the system as it stands.
+//
 // SIGTERM and SIGHUP (the session ends) are the system's close of the window: the handler writes a
 // byte on a pipe, and the front-end takes it where the window system runs.
 #include <fcntl.h>
@@ -17,6 +21,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -31,6 +36,7 @@
 #include "shell/Application.h"
 #include "shell/ProcessEnd.h"
 #include "shell/Tolmen.h"
+#include "unattended/RunMain.h"
 
 #ifdef TOLMEN_HAVE_QT
 #include <QApplication>
@@ -131,9 +137,38 @@ int RunHeadless(const std::string& kind, const std::string& commandLine,
   return tolmen::RunApplication(app, actions);
 }
 
+// The program's own absolute path, for the timer's service; argv[0] when it cannot be read.
+std::string ProgramPath(const char* argv0) {
+  std::error_code ec;
+  const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", ec);
+  return ec ? std::filesystem::absolute(argv0).string() : path.string();
+}
+
+// The Linux build's own commands; -1 when the command line is the system's.
+int OwnCommand(int argc, char** argv) {
+  if (argc < 2) return -1;
+  const std::string first = argv[1];
+  if (first == "run") {
+    std::unique_ptr<tolmen::Clock> clock = tolmen::MakeClockFromEnvironment();
+    return tolmen::TolmenRun(argc, argv, ProgramPath(argv[0]), *clock, isatty(STDERR_FILENO) == 1,
+                             std::cout, std::cerr);
+  }
+  if (argc != 2) return -1;
+  if (first == "--help" || first == "-h") {
+    std::cout << tolmen::TolmenHelpText();
+    return 0;
+  }
+  if (first == "--version") {
+    std::cout << "tolmen " << TOLMEN_VERSION << "\n";
+    return 0;
+  }
+  return -1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const int status = OwnCommand(argc, argv); status >= 0) return status;
   std::unique_ptr<tolmen::Clock> clock = tolmen::MakeClockFromEnvironment();
   tolmen::AppInfo info;
   std::string commandLine;

@@ -18,7 +18,10 @@
 //   entry             copyScreen  loadCategories  decideBillingDay  showTransferPage  confirm
 //   Import button     yes         no              yes               no                the question
 //   command line      no (*)      yes             no                yes               none
+//   tolmen run        yes         yes             yes               no                its own (**)
 // (*) the command line reads its template and runs SetOptions before it calls StartRun.
+// (**) no question: the import files numbered as the Import button numbers them
+//      (unattended/RunCommand.cpp).
 #pragma once
 
 #include <functional>

@@ -1,0 +1,150 @@
+// `tolmen run` against a real maxsim and Pastel set: templates given as plain paths, no
+// questions, a summary or JSON line per template and the call's exit status.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <stdlib.h>
+
+#include <filesystem>
+
+#include "ScenarioKit.h"
+#include "runtime/Cp1252.h"
+#include "shell/AppInfo.h"
+#include "shell/Tolmen.h"
+#include "unattended/RunMain.h"
+
+namespace tolmen::test {
+namespace {
+
+bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+class TolmenRunTest : public ScenarioTest {
+ protected:
+  // Acme and Bravo have account numbers; Al has none, so one is proposed.
+  void SetUp() override {
+    ASSERT_NO_FATAL_FAILURE(MakeWorld(json::array({
+        Client("A", 1, {{"Client_Name", "Acme Trading"}, {"udfs", {{"Account Number", "ACM001"}}}}),
+        Client("L", 1, {{"Client_Name", "Al"}}),
+        Client("B", 1, {{"Client_Name", "Bravo Ltd"}, {"udfs", {{"Account Number", "BRV001"}}}}),
+    })));
+  }
+
+  // Runs the templates (UTF-8 paths) as `tolmen run` does; the exit status.
+  int RunCall(const std::vector<std::string>& templates, bool json = false,
+              bool acceptCodes = false) {
+    out_.str("");
+    err_.str("");
+    VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
+    UnattendedUi ui(err_, clock, "Tolmen", {acceptCodes, false, false});
+    HookedUi hooked(ui);
+    Tolmen app(MakeAppInfo(Utf8ToCp1252(Home()), "1.0.0"), hooked, clock, dir_.File("run.ini"));
+    hooked.beforeYield = [&] {
+      if (atYield) atYield(app);
+    };
+    ui.Attach(&app);
+    LoadForRun(app);
+    RunRequest request;
+    for (const std::string& path : templates) request.templates.push_back(Utf8ToCp1252(path));
+    request.json = json;
+    const int status = RunTemplates(app, ui, request, out_, err_);
+    UnloadAfterRun(app);
+    ui.Attach(nullptr);
+    return status;
+  }
+
+  std::vector<std::string> OutLines() const {
+    std::vector<std::string> lines;
+    std::istringstream in(out_.str());
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+  }
+
+  const std::string kAcme = Customer("ACM001", "Acme Trading").Line();
+  const std::string kAl = Customer("AL0001", "Al").Line();
+  const std::string kBravo = Customer("BRV001", "Bravo Ltd").Line();
+  std::ostringstream out_;
+  std::ostringstream err_;
+};
+
+TEST_F(TolmenRunTest, TwoTemplatesTakeTheNextFileNumbersAndSummarise) {
+  const std::string first = WriteTemplate();
+  const std::string second = Home() + "second.KTF";
+  std::filesystem::copy_file(first, second);
+
+  EXPECT_EQ(RunCall({first, second}, false, true), kRunCallOk) << err_.str();
+
+  // Maximizer's list reads its last client twice: the repeat is counted as an error in the
+  // summary, but alone it leaves the status at 0.
+  const std::string pastel = PastelFolder();
+  EXPECT_EQ(OutLines(),
+            (std::vector<std::string>{
+                first + ": 4 debtors, 0 invoices, 1 errors, files " + pastel + "MaxCus01.csv",
+                second + ": 4 debtors, 0 invoices, 1 errors, files " + pastel + "MaxCus02.csv"}));
+  const std::vector<std::string> lines = {kAcme, kAl, kBravo, kBravo};
+  EXPECT_EQ(PastelFileLines("MaxCus01.csv"), lines);
+  EXPECT_FALSE(Contains(err_.str(), "Confirm Import"));
+}
+
+TEST_F(TolmenRunTest, AProposedCodeIsTakenOnlyWithAcceptCodes) {
+  const std::string path = WriteTemplate();
+  EXPECT_EQ(RunCall({path}), kRunCallOk) << err_.str();
+  EXPECT_EQ(PastelFileLines("MaxCus01.csv"), (std::vector<std::string>{kAcme, kBravo, kBravo}));
+  bool logged = false;
+  for (const std::string& line : PastelFileLines("Tolmen.LOG"))
+    logged |= Contains(line, "Skipped: Pastel Account Number for Al?");
+  EXPECT_TRUE(logged);
+  EXPECT_EQ(StoredUdf("L", "Account Number"), json());
+
+  EXPECT_EQ(RunCall({path}, false, true), kRunCallOk) << err_.str();
+  EXPECT_EQ(PastelFileLines("MaxCus02.csv"),
+            (std::vector<std::string>{kAcme, kAl, kBravo, kBravo}));
+  EXPECT_EQ(StoredUdf("L", "Account Number"), json("AL0001"));
+}
+
+TEST_F(TolmenRunTest, AMissingTemplateIsReportedAndTheNextStillRunsInJson) {
+  const std::string path = WriteTemplate();
+  const std::string missing = Home() + "missing.KTF";
+  EXPECT_EQ(RunCall({missing, path}, true, true), kRunCallNotStarted);
+  EXPECT_TRUE(Contains(err_.str(), missing + ": no such file")) << err_.str();
+
+  const std::vector<std::string> lines = OutLines();
+  ASSERT_EQ(lines.size(), 2u) << out_.str();
+  const json gone = json::parse(lines[0]);
+  EXPECT_EQ(gone["template"], missing);
+  EXPECT_EQ(gone["status"], "not started");
+  const json ran = json::parse(lines[1]);
+  EXPECT_EQ(ran["status"], "ok") << lines[1] << err_.str();
+  EXPECT_EQ(ran["counts"]["debtors"], 4);
+  EXPECT_EQ(ran["counts"]["errors"], 1);
+  EXPECT_EQ(ran["counts"]["errors_counted"], 0);
+  EXPECT_EQ(ran["files"], json::array({PastelFolder() + "MaxCus01.csv"}));
+  EXPECT_EQ(ran["log"], PastelFolder() + "Tolmen.LOG");
+}
+
+TEST_F(TolmenRunTest, WithoutMaximizerTheCallEndsAtOnce) {
+  const std::string path = WriteTemplate();
+  ::setenv("MAXIMIZER_SOCKET", dir_.File("nobody.sock").c_str(), 1);
+  EXPECT_EQ(RunCall({path, path}), kRunCallNotStarted);
+  EXPECT_EQ(OutLines(), std::vector<std::string>{path + ": not started"});
+  EXPECT_TRUE(Contains(err_.str(), "Please run Maximizer before running Tolmen!")) << err_.str();
+}
+
+TEST_F(TolmenRunTest, SigtermCancelsTheRunAndKeepsItsLines) {
+  const std::string path = WriteTemplate();
+  // The signal comes once the first client's line stands.
+  atYield = [](Tolmen& app) {
+    if (app.run.ClientsScanned == 1 && app.run.CurrentSection == "End Main Loop") raise(SIGTERM);
+  };
+  EXPECT_EQ(RunCall({path, path}, false, true), kRunCallCancelled);
+  // The line written so far stays; the second template does not start.
+  EXPECT_EQ(PastelFileLines("MaxCus01.csv"), std::vector<std::string>{kAcme});
+  EXPECT_EQ(OutLines(), std::vector<std::string>{path +
+                                                 ": cancelled, 1 debtors, 0 invoices, 0 "
+                                                 "errors, files " +
+                                                 PastelFolder() + "MaxCus01.csv"});
+  EXPECT_TRUE(Contains(err_.str(), "terminated: cancelling the run")) << err_.str();
+}
+
+}  // namespace
+}  // namespace tolmen::test
