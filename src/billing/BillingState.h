@@ -1,6 +1,9 @@
 // What billing keeps between its steps for the life of the process.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 namespace tolmen {
 
 struct BillingState {
@@ -10,6 +13,22 @@ struct BillingState {
   // The percentage of the billing tax type, to two decimals; the posting toolkit's documents
   // take their tax rate from it.
   double BillingVATRate = 0;
+
+  // The last CheckBillingSetup passed; any edit of prices, periods, "Bill When" or the tax code
+  // clears it so that the check runs again before the next run.
+  bool BillingChecked = false;
+  // The category UDF lstPrices was last filled for; 0 until then.
+  std::int16_t PriceListField = 0;
+  // The invoice line's codes as CheckBillingSetup (trimmed) or DoBilling1 (as typed) took them.
+  std::string BillingGLCode;
+  std::string BillingVATCode;
+  std::string BillingCostCode;
+  // The UDFs of the date combos' selected entries; 0 for none.
+  std::int16_t DateBilledField = 0;
+  std::int16_t DateJoinedField = 0;
+  // Why the client in hand is due, and the description of its invoice line.
+  std::string BillingNote;
+  std::string ItemDescription;
 };
 
 }  // namespace tolmen
