@@ -26,8 +26,10 @@ struct BillingState {
   // The UDFs of the date combos' selected entries; 0 for none.
   std::int16_t DateBilledField = 0;
   std::int16_t DateJoinedField = 0;
-  // Why the client in hand is due, and the description of its invoice line.
+  // Why the client in hand is due (DecideClientDue), the note that ends the description of its
+  // invoice line (" (Renewal)" for a recurring invoice), and that description.
   std::string BillingNote;
+  std::string InvoiceNote;
   std::string ItemDescription;
 };
 
