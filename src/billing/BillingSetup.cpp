@@ -9,6 +9,7 @@
 #include "billing/PriceEntry.h"
 #include "pastel/pasTaxParameters.h"
 #include "platform/automation/MaximizerAutomation.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/TextHelpers.h"
 #include "runtime/Conversion.h"
 #include "runtime/DateTime.h"
@@ -22,6 +23,11 @@
 namespace tolmen {
 
 namespace {
+
+// Whether a toolkit answer ("<status>|<data>") carries the status of success.
+bool StatusOk(const std::string& answer) {
+  return Val(answer) == static_cast<double>(kStatusOk);
+}
 
 constexpr const char* kCannotProceed = "Billing can not Proceed";
 
@@ -146,8 +152,8 @@ bool CheckBillingSetup(Tolmen& app) {
   BillingState& billing = app.billing;
   const std::string& br = app.info.LineBreak;
   bool result = true;
-  if (!billing.BillingChecked && form.optBillPeriod.Value() != 0) {
-    if (form.optCategory.Value() != 2) {
+  if (!billing.BillingChecked && form.optBillPeriod.Value() != kNoBillingPeriod) {
+    if (form.optCategory.Value() != kCategoryFromUdf) {
       if (!form.mnuViewBillR.Checked()) form.mnuViewBillR.SetChecked(true);
       app.ui.MsgBox("To use billing, you must select 'Use/Create Category from UDF'" + br +
                         "Please go back to 'To Pastel' tab and select the correct Category in "
@@ -158,7 +164,7 @@ bool CheckBillingSetup(Tolmen& app) {
       return false;
     }
     bool force = false;
-    if (form.optBillPeriod.Value() == 1) {
+    if (form.optBillPeriod.Value() == kBillAnnually) {
       if (form.cboDateJoined.ListIndex() < 1 || form.cboDateBilled.ListIndex() < 1) {
         app.ui.MsgBox("Please Choose a Maximizer Date UDF for Date Joined AND Date Billed.",
                       vbExclamation, kCannotProceed);
@@ -207,7 +213,7 @@ bool LoadPriceList(Tolmen& app, bool& force) {
   BillingState& billing = app.billing;
   const UdfOption& category = app.options.CategoryUdf;
   if (billing.PriceListField == category.index && !force) return true;
-  if (form.optBillPeriod.Value() == 0) return true;
+  if (form.optBillPeriod.Value() == kNoBillingPeriod) return true;
   if (category.index < 1) return true;
 
   const std::string file = app.info.AppFolder + kCategoryPassingFile;
@@ -327,14 +333,14 @@ void ReadInventoryList(Tolmen& app) {
   } else {
     std::string key;
     std::string answer = toolkit.GetNearest(table, 0, key);
-    if (Val(answer) != 0) {
+    if (!StatusOk(answer)) {
       const std::string& br = app.info.LineBreak;
       app.ui.MsgBox("Error reading the first Inventory Item" + br + ToolkitStatusText(answer) + br +
                         br + "Pastel Inventory has been aborted!",
                     vbExclamation, "Pastel Error in Function ReadPasInventory");
       return;
     }
-    while (Val(answer) == 0) {
+    while (StatusOk(answer)) {
       // The item's code and description are the record's first and third fields.
       std::string record = answer;
       PopField(record, "|");
@@ -351,7 +357,7 @@ std::string GetMultiPrice(Tolmen& app, std::string& code, std::string& stage) {
   std::string table = "ACCSTKST";
   std::string key = code;
   const std::string answer = app.toolkit.GetNearest(table, 1, key);
-  if (Val(answer) == 0) {
+  if (StatusOk(answer)) {
     std::vector<std::string> fields = Split(answer, "|");  // the status, then the fields
     fields.resize(14);
     if (fields[3] == code) return FormatNumber(Val(fields[13]), "0.00");
@@ -373,7 +379,7 @@ std::string ItemField(Tolmen& app, const std::string& code, std::int32_t field,
   std::string table = "ACCPRD";
   std::string key = code;
   const std::string answer = app.toolkit.GetField(table, 0, key, field);
-  if (Val(answer) != 0) return "** " + ToolkitStatusText(answer, "Inventory ");
+  if (!StatusOk(answer)) return "** " + ToolkitStatusText(answer, "Inventory ");
   const std::string value = Mid(answer, InStr(answer, "|") + 1);
   return value.empty() ? missing + code : value;
 }

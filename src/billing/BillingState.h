@@ -6,6 +6,11 @@
 
 namespace tolmen {
 
+// The "Billing Period" buttons (optBillPeriod), and the "Category Option" button that takes the
+// category from a UDF, which billing needs.
+enum BillingPeriodKind : int { kNoBillingPeriod = 0, kBillAnnually = 1, kBillMonthly = 2 };
+constexpr int kCategoryFromUdf = 2;
+
 struct BillingState {
   // The casual billing page's inventory list has been read from Pastel; picking another folder
   // or drive clears it, so that the list is read again from the new set.

@@ -71,7 +71,7 @@ bool DecideClientDue(Tolmen& app) {
   facts.dateBilledName = form.cboDateBilled.Text();
   facts.dateJoinedName = form.cboDateJoined.Text();
   facts.method = app.shell.MultiYear;
-  facts.monthly = form.optBillPeriod.Value() == 2;
+  facts.monthly = form.optBillPeriod.Value() == kBillMonthly;
   facts.billingDate = app.run.BillingDate;
   facts.dateBilledText = ReadClientUdf(app, app.billing.DateBilledField);
   if (!facts.monthly) {

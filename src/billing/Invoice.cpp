@@ -7,6 +7,7 @@
 #include "maximizer/MaximizerLink.h"
 #include "maximizer/UdfCatalogue.h"
 #include "maximizer/clsClientsOLE.h"
+#include "platform/recordmanager/BtrCodes.h"
 #include "recordio/TextHelpers.h"
 #include "runtime/Conversion.h"
 #include "runtime/DateTime.h"
@@ -22,7 +23,13 @@ namespace tolmen {
 
 namespace {
 
-constexpr std::uint8_t kDateKind = 1;
+// Whether a toolkit answer ("<status>|<data>") carries the status of success.
+bool StatusOk(const std::string& answer) {
+  return Val(answer) == static_cast<double>(kStatusOk);
+}
+
+constexpr std::uint8_t kDateKind = 1;  // the UDF catalogue's kind of a "Date" UDF
+constexpr int kTicked = 1;             // a check box's Value when ticked
 
 // The routine's error trap: the error is counted and logged, then Abort, Retry, Ignore. Abort
 // turns billing off, and every later statement is passed over.
@@ -147,7 +154,8 @@ void DoBilling1(Tolmen& app) {
     return;
   }
 
-  std::int16_t type = form.chkInvoice.Value() == 1 ? kDocumentInvoice : kDocumentBatchedInvoice;
+  std::int16_t type =
+      form.chkInvoice.Value() == kTicked ? kDocumentInvoice : kDocumentBatchedInvoice;
   std::string answer;
   for (;;) {
     s = "Starting Invoice";
@@ -165,7 +173,7 @@ void DoBilling1(Tolmen& app) {
     s = ToolkitStatusText(answer,
                           type == kDocumentInvoice ? "Invoice Posted " : "Invoice Batched ") +
         " " + billing.ItemDescription;
-    if (Val(answer) == 0) break;
+    if (StatusOk(answer)) break;
 
     const std::string message = "Pastel Error - " + s;
     trap([&] { LogError(app, s); });
