@@ -84,7 +84,7 @@ TEST_F(BillingSetupTest, ABillingDateThatIsNotTodayIsConfirmed) {
 }
 
 TEST_F(BillingSetupTest, EditPriceStoresAndShowsTheAnswer) {
-  Start({"= 90/14+2", "= abc", "OK"});
+  Start({"= 90/14+2", "= abc", "OK", "= 0", "= 4"});
   ListBox& prices = app_->screen.frmMain.lstPrices;
   prices.AddItem("Gold\t 0\t(1 Year)");
   prices.AddItem("Silver\t50\t(1 Year)");
@@ -99,6 +99,20 @@ TEST_F(BillingSetupTest, EditPriceStoresAndShowsTheAnswer) {
   EXPECT_TRUE(Contains(transcript_.str(), "Not a Number!"));
   EXPECT_EQ(app_->settings.GetSetting("Billing", "Silver", "none"), "none");
   EXPECT_EQ(prices.List(1), "Silver\t50\t(1 Year)");
+
+  // A period below 1 is the one-year default; a row that is not billed has no period to edit.
+  prices.SetListIndex(0);
+  EditPeriod(*app_);
+  EXPECT_EQ(app_->settings.GetSetting("BillingPeriod", "Gold", "none"), "none");
+  EXPECT_EQ(prices.List(0), "Gold\t78.95\t(1 Year)");
+  EditPeriod(*app_);
+  EXPECT_EQ(app_->settings.GetSetting("BillingPeriod", "Silver"), "4");
+  EXPECT_EQ(prices.List(1), "Silver\t50\t4 Year");
+  prices.AddItem("Bronze\t<no billing>\t");
+  prices.SetListIndex(2);
+  EditPeriod(*app_);
+  EXPECT_TRUE(ui_->Finished());
+  EXPECT_EQ(transcript_.str().find("'Bronze'"), std::string::npos);
 }
 
 }  // namespace
