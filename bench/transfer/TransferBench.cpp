@@ -4,12 +4,15 @@
 // clock, so that the system's own one-second waits cost nothing). Each client has its account
 // code in Maximizer, so no prompt stops the run.
 //
-//   bench_transfer [N...]        two runs per N (default 1000 and 10000), each in its own
-//                                process: without links to Maximizer, then with a dozen
+//   bench_transfer [N...]        three runs per N (default 1000 and 10000), each in its own
+//                                process: without links to Maximizer, with a dozen, and with
+//                                monthly billing
 //
 // With links, every client also gets twelve Pastel figures written into its UDFs. Half the
 // clients have five-character codes whose debtors are in Pastel (the figures are read from the
 // debtor file), the other half six-character codes (the figures of the line just made).
+// With billing, every third client is due (no Date Billed) and gets an invoice; the others were
+// billed earlier in the month of the run.
 //
 // For each N the parent makes the book and the set and starts maxsim; a child process runs
 // Tolmen alone and reports the wall time of the run, clients per second and its own peak
@@ -99,7 +102,14 @@ std::string Code(int i, bool links) {
   return code;
 }
 
-json Book(int clients, bool links) {
+enum class Mode { kPlain, kLinks, kBilling };
+
+const char* ModeName(Mode mode) {
+  return mode == Mode::kLinks ? "links" : mode == Mode::kBilling ? "billing" : "none";
+}
+
+json Book(int clients, Mode mode) {
+  const bool links = mode == Mode::kLinks;
   json list = json::array();
   for (int i = 1; i <= clients; ++i) {
     char id[16], name[32];
@@ -119,6 +129,7 @@ json Book(int clients, bool links) {
                     {"Phone_2_Description", "Fax"},
                     {"E-mail Address", std::string("accounts@") + id + ".example"},
                     {"udfs", {{"Account Number", code}, {"Customer Category", "Retail"}}}});
+    if (mode == Mode::kBilling && i % 3 != 0) list.back()["udfs"]["Date Billed"] = "2 Nov 2026";
   }
   json udfs = {{{"name", "Account Number"}, {"type", "Alphanumeric"}},
                {{"name", "Customer Category"},
@@ -126,6 +137,7 @@ json Book(int clients, bool links) {
                 {"items", {"Retail", "Wholesale", "Farming"}}}};
   for (size_t link = 0; links && link < kLinkRows.size(); ++link)
     udfs.push_back({{"name", LinkUdf(link)}, {"type", "Numeric"}});
+  if (mode == Mode::kBilling) udfs.push_back({{"name", "Date Billed"}, {"type", "Date"}});
   return {{"name", "Bench Book"}, {"udfs", udfs}, {"clients", list}};
 }
 
@@ -166,7 +178,15 @@ const char* kTemplate =
     "*Tab: To Maximizer\r\n"
     "@LINKS@"
     "*Tab: Recurring Billing\r\n"
-    "Billing Period: 0\r\n";
+    "@BILLING@";
+
+// Monthly billing on the day of the run; the price of "Retail" is in the settings store.
+const char* kBilling =
+    "Billing Period: 2\r\n"
+    "Bill When: 0\r\n"
+    "Date Billed: Date Billed\r\n"
+    "GL Code: 1000000\r\n"
+    "VAT Code: 1\r\n";
 
 std::string Replace(std::string text, const std::string& what, const std::string& with) {
   const size_t at = text.find(what);
@@ -211,7 +231,8 @@ class MemorySampler {
 };
 
 // The child: Tolmen alone, over the world the parent made in `folder`.
-int RunTolmen(const fs::path& folder, int clients, bool links) {
+int RunTolmen(const fs::path& folder, int clients, Mode mode) {
+  const bool links = mode == Mode::kLinks;
   const long before = StatusKilobytes("VmHWM");
   MemorySampler sampler;
   VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
@@ -236,25 +257,28 @@ int RunTolmen(const fs::path& folder, int clients, bool links) {
   long lines = 0;
   for (std::string line; std::getline(csv, line);) ++lines;
   const int sent = links ? clients + 1 : 0;
+  const int invoices = mode == Mode::kBilling ? clients / 3 : 0;
   if (lines != clients + 1 || app.run.ClientsProcessed != clients + 1 ||
-      app.run.BalancesSent != sent) {
+      app.run.BalancesSent != sent || app.run.InvoiceCount != invoices) {
     std::cerr << "bench_transfer: " << lines << " lines, " << app.run.ClientsProcessed
-              << " clients processed and " << app.run.BalancesSent << " sent to Maximizer for "
-              << clients << " clients\n";
+              << " clients processed, " << app.run.BalancesSent << " sent to Maximizer and "
+              << app.run.InvoiceCount << " invoices for " << clients << " clients\n";
     return 1;
   }
   std::printf(
-      "N=%6d  %2zu links  %7.2f s  %5.0f clients/s  peak RSS %5.1f MB (%.1f MB at start): heap "
+      "N=%6d  %2zu links%s  %7.2f s  %5.0f clients/s  peak RSS %5.1f MB (%.1f MB at start): heap "
       "%5.1f MB, "
       "mapped files %5.1f MB\n",
-      clients, links ? kLinkRows.size() : 0, seconds, clients / seconds,
-      StatusKilobytes("VmHWM") / 1024.0, before / 1024.0, sampler.Anon() / 1024.0,
-      sampler.File() / 1024.0);
+      clients, links ? kLinkRows.size() : 0,
+      mode == Mode::kBilling ? (", " + std::to_string(invoices) + " invoices").c_str() : "",
+      seconds, clients / seconds, StatusKilobytes("VmHWM") / 1024.0, before / 1024.0,
+      sampler.Anon() / 1024.0, sampler.File() / 1024.0);
   return 0;
 }
 
 // The parent: the world for N clients, maxsim serving it, and the child.
-int Measure(int clients, bool links) {
+int Measure(int clients, Mode mode) {
+  const bool links = mode == Mode::kLinks;
   const fs::path folder =
       fs::temp_directory_path() / ("tolmen-bench-transfer-" + std::to_string(::getpid()));
   fs::remove_all(folder);
@@ -264,7 +288,8 @@ int Measure(int clients, bool links) {
   ::setenv("MAXIMIZER_SOCKET", socket.c_str(), 1);
   ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
 
-  std::ofstream(folder / "book.json") << Book(clients, links).dump();
+  std::ofstream(folder / "book.json") << Book(clients, mode).dump();
+  if (mode == Mode::kBilling) std::ofstream(folder / "settings.ini") << "[Billing]\nRetail=100\n";
   if (Reap(Spawn(
           {maxsim, "init", (folder / "db").string(), "--from", (folder / "book.json").string()},
           nullptr)) != 0) {
@@ -285,6 +310,7 @@ int Measure(int clients, bool links) {
   for (size_t link = 0; links && link < kLinkRows.size(); ++link)
     linkLines += "To Max: " + kLinkRows[link] + "| => " + LinkUdf(link) + "| (Number)\r\n";
   text = Replace(text, "@LINKS@", linkLines);
+  text = Replace(text, "@BILLING@", mode == Mode::kBilling ? kBilling : "Billing Period: 0\r\n");
   std::ofstream(folder / "home/run.KTF", std::ios::binary) << text;
 
   int out = -1;
@@ -294,8 +320,7 @@ int Measure(int clients, bool links) {
   if (ReadUntil(out, said, "ready\n")) {
     const std::string self = fs::read_symlink("/proc/self/exe").string();
     status = Reap(
-        Spawn({self, "--run", folder.string(), std::to_string(clients), links ? "links" : "none"},
-              nullptr));
+        Spawn({self, "--run", folder.string(), std::to_string(clients), ModeName(mode)}, nullptr));
     // The automation calls the run made, from maxsim's journal (which keeps the last 100,000).
     int journal = -1;
     const pid_t ctl = Spawn({maxsim, "ctl", "--socket", socket, "journal"}, &journal);
@@ -321,14 +346,20 @@ int Measure(int clients, bool links) {
 }  // namespace tolmen::bench
 
 int main(int argc, char** argv) {
-  if (argc == 5 && std::string(argv[1]) == "--run")
-    return tolmen::bench::RunTolmen(argv[2], std::atoi(argv[3]), std::string(argv[4]) == "links");
+  using tolmen::bench::Mode;
+  if (argc == 5 && std::string(argv[1]) == "--run") {
+    const std::string mode = argv[4];
+    return tolmen::bench::RunTolmen(argv[2], std::atoi(argv[3]),
+                                    mode == "links"     ? Mode::kLinks
+                                    : mode == "billing" ? Mode::kBilling
+                                                        : Mode::kPlain);
+  }
   std::vector<int> sizes;
   for (int i = 1; i < argc; ++i) sizes.push_back(std::atoi(argv[i]));
   if (sizes.empty()) sizes = {1000, 10000};
   int status = 0;
   for (int clients : sizes)
-    for (bool links : {false, true})
-      if (clients > 0 && tolmen::bench::Measure(clients, links) != 0) status = 1;
+    for (Mode mode : {Mode::kPlain, Mode::kLinks, Mode::kBilling})
+      if (clients > 0 && tolmen::bench::Measure(clients, mode) != 0) status = 1;
   return status;
 }

@@ -1,7 +1,15 @@
 // What billing keeps between its steps for the life of the process.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 namespace tolmen {
+
+// The "Billing Period" buttons (optBillPeriod), and the "Category Option" button that takes the
+// category from a UDF, which billing needs.
+enum BillingPeriodKind : int { kNoBillingPeriod = 0, kBillAnnually = 1, kBillMonthly = 2 };
+constexpr int kCategoryFromUdf = 2;
 
 struct BillingState {
   // The casual billing page's inventory list has been read from Pastel; picking another folder
@@ -10,6 +18,24 @@ struct BillingState {
   // The percentage of the billing tax type, to two decimals; the posting toolkit's documents
   // take their tax rate from it.
   double BillingVATRate = 0;
+
+  // The last CheckBillingSetup passed; any edit of prices, periods, "Bill When" or the tax code
+  // clears it so that the check runs again before the next run.
+  bool BillingChecked = false;
+  // The category UDF lstPrices was last filled for; 0 until then.
+  std::int16_t PriceListField = 0;
+  // The invoice line's codes as CheckBillingSetup (trimmed) or DoBilling1 (as typed) took them.
+  std::string BillingGLCode;
+  std::string BillingVATCode;
+  std::string BillingCostCode;
+  // The UDFs of the date combos' selected entries; 0 for none.
+  std::int16_t DateBilledField = 0;
+  std::int16_t DateJoinedField = 0;
+  // Why the client in hand is due (DecideClientDue), the note that ends the description of its
+  // invoice line (" (Renewal)" for a recurring invoice), and that description.
+  std::string BillingNote;
+  std::string InvoiceNote;
+  std::string ItemDescription;
 };
 
 }  // namespace tolmen

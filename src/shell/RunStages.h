@@ -23,10 +23,10 @@ struct RunStages {
   std::function<void()> SetOptions;                           // templates/SetOptions.h
   std::function<void()> FillToPastelLists;                    // transfer/Categories.h
   std::function<void()> TransferClients;                      // transfer/TransferClients.h
+  std::function<bool()> CheckRecurringBilling;                // billing/BillingSetup.h
 
   // Not built yet.
-  std::function<bool()> CheckRecurringBilling;  // the recurring billing set-up
-  std::function<bool()> CheckCasualBilling;     // the casual billing rules
+  std::function<bool()> CheckCasualBilling;  // the casual billing rules
 };
 
 }  // namespace tolmen

@@ -1,6 +1,7 @@
 // CheckRunOptions and EntireDatabase. Both read the options as SetOptions and the controls'
 // handlers left them in RunOptions; the prefix and suffix boxes are read and repaired on the
 // screen itself.
+#include "billing/BillingSetup.h"
 #include "runtime/Conversion.h"
 #include "runtime/Strings.h"
 #include "shell/Tolmen.h"
@@ -73,7 +74,7 @@ bool CheckRunOptions(Tolmen& app) {
     tabs.SetTab(MainForm::kTabToMaximizer);
     return false;
   }
-  if (!Passes(app.stages.CheckRecurringBilling)) {
+  if (!CheckRecurringBilling(app)) {
     tabs.SetTab(MainForm::kTabRecurringBilling);
     return false;
   }

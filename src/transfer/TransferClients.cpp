@@ -1,5 +1,7 @@
 #include "transfer/TransferClients.h"
 
+#include "billing/ClientDue.h"
+#include "billing/Invoice.h"
 #include "maximizer/ClientList.h"
 #include "maximizer/MaximizerLink.h"
 #include "maximizer/UdfCatalogue.h"
@@ -62,8 +64,12 @@ void WorkOnClient(Tolmen& app, RunTrap& trap) {
   if (!trap([&] { CreateNewDebtorRecord(app); })) return;
   if (app.client.AccountCode.empty()) return;
   run.CurrentSection = "Check Billing section";
-  // Whether this client is due and its invoice (IsClientDue, DoBilling1) come with the rest of
-  // the billing module; until then a run with billing on raises no invoice.
+  bool billThisClient = false;
+  if (run.RecurringBillingOn && !billThisClient) {
+    if (!trap([&] { billThisClient = DecideClientDue(app); })) return;
+    app.billing.InvoiceNote = " (Renewal)";
+  }
+  if (billThisClient && !trap([&] { DoBilling1(app); })) return;
   if (run.CasualBillingOn) {
     // The casual rules were once billed here; the routine is kept only to say so.
     app.ui.MsgBox("Sub DoBilling2 is no longer operative!", vbCritical, "Error in Sub DoBilling2");

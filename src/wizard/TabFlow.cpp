@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "billing/BillingSetup.h"
 #include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "runtime/DateTime.h"
@@ -57,6 +58,7 @@ bool LeavePage(Tolmen& app, int tab) {
     case MainForm::kTabToMaximizer:
       return OpenMaximizerOLE(app) && IsPas2MaxOK(app);
     case MainForm::kTabRecurringBilling:
+      return OpenMaximizerOLE(app) && CheckBillingSetup(app);
     case MainForm::kTabCasualBilling:
       return OpenMaximizerOLE(app);
     case MainForm::kTabTransfer:

@@ -1,5 +1,7 @@
 #include "wizard/TemplateControls.h"
 
+#include "billing/BillingSetup.h"
+#include "runtime/Trap.h"
 #include "shell/Tolmen.h"
 #include "templates/PastelSetup.h"
 #include "transfer/Categories.h"
@@ -40,7 +42,13 @@ void optBillPeriod_Click(Tolmen& app, int index) {
                                        &form.lstPrices, &form.cmdEditPrice, &form.cmdEditPeriod,
                                        &form.txtGLcode, &form.txtVATcode, &form.txtCOSTcode})
     control->SetEnabled(billing);
-  if (!billing) form.lstPrices.Clear();
+  if (billing) {
+    bool force = true;
+    PassOver([&] { LoadPriceList(app, force); });
+  } else {
+    form.lstPrices.Clear();
+    app.billing.BillingChecked = true;
+  }
 }
 
 void WireTemplateControls(Tolmen& app) {

@@ -15,8 +15,8 @@ void optCategory_Click(Tolmen& app, int index);
 // only for the marked items (2 and 3), and its value box only when a criteria UDF is named.
 void optImport_Click(Tolmen& app, int index);
 
-// "Billing Period": any period enables the billing set-up controls; "No Billing" disables them
-// and empties the price list. Reading the price list for a period is billing's own step.
+// "Billing Period": any period enables the billing set-up controls and reads the price list
+// again; "No Billing" disables them, empties the price list and lets the billing check pass.
 void optBillPeriod_Click(Tolmen& app, int index);
 
 // Hangs the handlers above on frmMain, opens frmSetup from mnuOptnPastel, and hangs frmSetup's

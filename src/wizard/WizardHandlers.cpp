@@ -8,6 +8,7 @@
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
 #include "wizard/FileMenu.h"
+#include "wizard/RecurringBillingControls.h"
 #include "wizard/TabFlow.h"
 #include "wizard/TemplateControls.h"
 #include "wizard/ToMaximizerControls.h"
@@ -33,6 +34,7 @@ void WireMainForm(Tolmen& app) {
   WireTemplateControls(app);
   WireMaximizerControls(app);
   WireToMaximizerControls(app);
+  WireRecurringBillingControls(app);
   form.cmdHelp.SetOnClick([&app] { cmdHelp_Click(app); });
   form.mnuHelpContents.SetOnClick([&app] { cmdHelp_Click(app); });
   form.cmdNext.SetOnClick([&app] { cmdNext_Click(app); });

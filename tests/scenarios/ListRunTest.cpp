@@ -64,7 +64,8 @@ TEST_F(ListRunTest, CurrentClientOnlyTakesTheSelectedClientOnce) {
 }
 
 TEST_F(ListRunTest, AnEmptyListWritesEmptyImportFiles) {
-  ASSERT_NO_FATAL_FAILURE(MakeWorld(Book()));
+  ASSERT_NO_FATAL_FAILURE(
+      MakeWorld(Book(), json::array({{{"name", "Date Billed"}, {"type", "Date"}}})));
   WriteTemplate({{"List Clients", "0"}});  // the list Maximizer shows, which is empty
   ASSERT_NO_FATAL_FAILURE(Maximizer({"list"}));
   std::ofstream(PastelFolder() + "MaxInv01.csv") << "left from an older run\r\n";
@@ -86,9 +87,15 @@ TEST_F(ListRunTest, AnEmptyListWritesEmptyImportFiles) {
   EXPECT_EQ(Transcript().find("Import Complete"), std::string::npos) << Transcript();
   EXPECT_EQ(status, 0);
 
-  // With billing on for the day the invoice file of the run's number comes into being as well,
-  // and stays empty.
-  WriteTemplate({{"List Clients", "0"}, {"Billing Period", "2"}, {"Bill When", "0"}});
+  // With billing on for the day (and set up as the check before the run asks) the invoice file
+  // of the run's number comes into being as well, and stays empty.
+  WriteTemplate({{"List Clients", "0"},
+                 {"Category Option", "2"},
+                 {"Category UDF", "Customer Category"},
+                 {"Billing Period", "2"},
+                 {"Bill When", "0"},
+                 {"Date Billed", "Date Billed"},
+                 {"GL Code", "1000000"}});
   Run(ImportScript({"Yes", "No"}));
   for (const char* name : {"MaxCus02.csv", "MaxInv02.csv"}) {
     EXPECT_TRUE(fs::exists(PastelFolder() + name)) << name;

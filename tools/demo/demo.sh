@@ -2,7 +2,8 @@
 # A whole transfer on the script front-end: a sample Pastel set (pasteldata), a sample address book
 # served by maxsim, a template, and a script that opens the template in the wizard, presses Import
 # and answers the dialogs. Shows the transcript, the customer import file, the run log and the
-# UDFs the run changed in Maximizer.
+# UDFs the run changed in Maximizer. Then a second template bills the same book monthly and shows
+# the invoice import file and the Date Billed values the run wrote.
 set -euo pipefail
 BUILD=${1:-build}
 BIN="$BUILD/bin"
@@ -72,3 +73,32 @@ awk -F'"' '/"clients"/ { inClients = 1 }
   inClients && /"(Client_Name|Last_Name)"/ { name = $4 }
   inClients && /"(Pastel Balance|Aging Current|Aging 30 Days|Credit Limit)"/ {
     printf "  %-30s %-15s %s\n", name, $2, $4 }' "$WORK/after.json"
+
+echo
+echo "== Recurring billing: the template billing.KTF bills monthly at the prices of the settings store"
+# Prices by category (excluding tax); Farming is not billed (-1), Services has no price.
+mkdir -p "$XDG_CONFIG_HOME/Vellumator7"
+printf '[Billing]\nRetail=100\nWholesale=250\nFarming=-1\n' >> "$XDG_CONFIG_HOME/Vellumator7/settings.ini"
+sed -e "s|@PASTEL@|$WORK/pastel/|" -e "s|@MAXIMIZER@|$WORK/maximizer|" "$HERE/billing.KTF" |
+  sed 's/$/\r/' > "$TOLMEN_HOME/billing.KTF"
+sed -e "s|@TEMPLATE@|$TOLMEN_HOME/billing.KTF|" "$HERE/billing.script" > "$WORK/billing.script"
+"$BIN/maxsim" dump "$WORK/maximizer" > "$WORK/before-billing.json"
+status=0
+TOLMEN_UI=script TOLMEN_SCRIPT="$WORK/billing.script" TOLMEN_TRANSCRIPT="$WORK/billing.txt" \
+  "$BIN/tolmen" || status=$?
+echo "exit status $status"
+cat "$WORK/billing.txt"
+for csv in "$WORK"/pastel/MaxInv*.csv; do
+  echo "== $(basename "$csv") (NUL bytes shown as ^@)"
+  show "$csv"
+done
+echo
+echo "== The billing lines of the run log"
+show "$WORK/pastel/Tolmen.LOG" | sed -n '/Recurring Billing ON/,$p' | grep -E 'Billing|Invoice|Invoiced|ERROR|Error'
+echo
+echo "== Date Billed after the billing run"
+"$BIN/maxsim" dump "$WORK/maximizer" > "$WORK/after-billing.json"
+awk -F'"' '/"clients"/ { inClients = 1 }
+  inClients && /"(Client_Name|Last_Name)"/ { name = $4 }
+  inClients && /"(Date Billed|Doc Numbers)"/ { printf "  %-30s %-12s %s\n", name, $2, $4 }' \
+  "$WORK/after-billing.json"
