@@ -15,6 +15,7 @@
 #include "shell/RunLog.h"
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
+#include "transfer/Categories.h"
 #include "transfer/ImportFiles.h"
 #include "transfer/RunStart.h"
 #include "unattended/UnattendedUi.h"
@@ -64,6 +65,16 @@ void ReadResult(Tolmen& app, TemplateResult& result) {
   result.log = LogFilePath(app);
 }
 
+// A template that creates a category takes the number after the highest one of its own set. In the
+// wizard the set's categories are loaded before the template is opened; here the template opens
+// the set, so the number its option gave is taken again once the categories are loaded.
+void NumberNewCategory(Tolmen& app) {
+  MainForm& form = app.screen.frmMain;
+  if (form.optCategory.Value() != 1) return;
+  LoadCategories(app);
+  form.txtCategory(1).SetText(std::to_string(NextCategoryNumber(app)));
+}
+
 TemplateResult RunOne(Tolmen& app, UnattendedUi& ui, const std::string& path, size_t index,
                       size_t count, std::ostream& err) {
   TemplateResult result;
@@ -80,6 +91,7 @@ TemplateResult RunOne(Tolmen& app, UnattendedUi& ui, const std::string& path, si
   try {
     run.Unattended = true;
     if (TemplateOpen(app, path) && !ui.TemplateEnded()) {
+      NumberNewCategory(app);
       RunEntry entry;
       entry.reason = "for Template " + std::to_string(index + 1) + "/" + std::to_string(count) +
                      " (tolmen run): " + path;

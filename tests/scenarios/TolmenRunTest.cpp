@@ -1,8 +1,10 @@
 // `tolmen run` against a real maxsim and Pastel set: templates given as plain paths, no
 // questions, a summary or JSON line per template and the call's exit status.
 #include <gtest/gtest.h>
+
 #include <signal.h>
 #include <stdlib.h>
+#include <algorithm>
 
 #include <filesystem>
 
@@ -130,20 +132,28 @@ TEST_F(TolmenRunTest, WithoutMaximizerTheCallEndsAtOnce) {
   EXPECT_TRUE(Contains(err_.str(), "Please run Maximizer before running Tolmen!")) << err_.str();
 }
 
-TEST_F(TolmenRunTest, SigtermCancelsTheRunAndKeepsItsLines) {
-  const std::string path = WriteTemplate();
+TEST_F(TolmenRunTest, SigtermCancelsTheRunRollsBackItsCategoryAndKeepsItsLines) {
+  const std::vector<std::string> categories = CategoryFile();
+  const std::string path = WriteTemplate({{"Category Option", "1"}});
   // The signal comes once the first client's line stands.
   atYield = [](Tolmen& app) {
     if (app.run.ClientsScanned == 1 && app.run.CurrentSection == "End Main Loop") raise(SIGTERM);
   };
   EXPECT_EQ(RunCall({path, path}, false, true), kRunCallCancelled);
-  // The line written so far stays; the second template does not start.
-  EXPECT_EQ(PastelFileLines("MaxCus01.csv"), std::vector<std::string>{kAcme});
+  // The line written so far stays, in the new category; the second template does not start.
+  const std::string acme = Customer("ACM001", "Acme Trading").Category(4).Line();
+  EXPECT_EQ(PastelFileLines("MaxCus01.csv"), std::vector<std::string>{acme});
   EXPECT_EQ(OutLines(), std::vector<std::string>{path +
                                                  ": cancelled, 1 debtors, 0 invoices, 0 "
                                                  "errors, files " +
                                                  PastelFolder() + "MaxCus01.csv"});
   EXPECT_TRUE(Contains(err_.str(), "terminated: cancelling the run")) << err_.str();
+  // The new category was inserted inside the run's transaction, which the cancel threw away.
+  const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
+  EXPECT_TRUE(std::find(log.begin(), log.end(),
+                        "Created new Customer Category <" + std::to_string(categories.size() + 1) +
+                            "> New Category Description") != log.end());
+  EXPECT_EQ(CategoryFile(), categories);
 }
 
 }  // namespace
