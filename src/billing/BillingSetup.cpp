@@ -1,5 +1,6 @@
 #include "billing/BillingSetup.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -312,7 +313,20 @@ void MoveBillingDate(Tolmen& app, const std::string& interval, int step) {
 }
 
 void optBillOn_Click(Tolmen& app, int index) {
-  app.screen.frmMain.txtBillOn.SetEnabled(index == 3);
+  MainForm& form = app.screen.frmMain;
+  form.txtBillOn.SetEnabled(index == 3);
+  for (int button : form.updBillOn.Indexes()) form.updBillOn(button).SetEnabled(index == 3);
+  app.billing.BillingChecked = false;
+}
+
+void updToday_Click(Tolmen& app, int index) {
+  MoveBillingDate(app, index < 2 ? "d" : "m", index % 2 == 0 ? 1 : -1);
+}
+
+void updBillOn_Click(Tolmen& app, int index) {
+  TextBox& day = app.screen.frmMain.txtBillOn;
+  const long moved = CLng(Val(day.Text())) + (index == 0 ? 1 : -1);
+  day.SetText(std::to_string(std::clamp(moved, 1L, 31L)));
   app.billing.BillingChecked = false;
 }
 

@@ -39,6 +39,11 @@ void MoveBillingDate(Tolmen& app, const std::string& interval, int step);
 
 // optBillOn: the day box counts for "On or After Specific Date" only.
 void optBillOn_Click(Tolmen& app, int index);
+// updToday: 0 and 1 move the date in txtToday a day on or back, 2 and 3 a calendar month.
+void updToday_Click(Tolmen& app, int index);
+// updBillOn: 0 and 1 move the day in txtBillOn one on or back, within 1 to 31; a box without a
+// number counts as 0.
+void updBillOn_Click(Tolmen& app, int index);
 // txtVATcode: the tax rate shown is no longer known.
 void txtVATcode_Change(Tolmen& app);
 

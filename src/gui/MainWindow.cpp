@@ -114,6 +114,8 @@ void MainWindow::BuildCentral() {
   auto* today = Named<QLineEdit>(form.txtToday);
   today->setMaximumWidth(140);
   top->addWidget(today);
+  for (int index : form.updToday.Indexes())
+    top->addWidget(Named<QPushButton>(form.updToday(index)));
   layout->addLayout(top);
 
   tabs_ = Named<QTabWidget>(form.tabDlg);

@@ -43,6 +43,8 @@ MainForm::MainForm() : Form("frmMain", "Tolmen") {
   mnuHelp.AddItem(mnuHelpContents);
   mnuHelp.AddItem(mnuHelpAbout);
 
+  const char* kDateSteps[] = {"Day +", "Day -", "Month +", "Month -"};
+  for (int index = 0; index < 4; ++index) updToday.Add(index, kDateSteps[index]);
   Image1.SetVisible(false);
   lblUDFkey.SetVisible(false);
   lblAging.SetVisible(false);
@@ -77,6 +79,7 @@ MainForm::MainForm() : Form("frmMain", "Tolmen") {
   Register(lblStatus);
   Register(lblToday);
   Register(txtToday);
+  Register(updToday);
   Register(Image1);
   Register(lblUDFkey, tabDlg, kTabToPastel);
   Register(lblAging, tabDlg, kTabToMaximizer);

@@ -97,6 +97,8 @@ class MainForm : public Form,
   Label lblStatus{"lblStatus"};
   Label lblToday{"lblToday", "Today is"};
   TextBox txtToday{"txtToday"};
+  // The billing date's buttons: 0 and 1 a day later and earlier, 2 and 3 a month.
+  ControlArray<Button> updToday{"updToday"};
   Image Image1{"Image1"};
   Label lblUDFkey{"lblUDFkey"};
   Label lblAging{"lblAging"};

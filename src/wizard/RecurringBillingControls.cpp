@@ -12,6 +12,8 @@ void WireRecurringBillingControls(Tolmen& app) {
   form.cmdEditPrice.SetOnClick([&app] { PassOver([&app] { EditPrice(app); }); });
   form.cmdEditPeriod.SetOnClick([&app] { PassOver([&app] { EditPeriod(app); }); });
   form.optBillOn.SetOnClick([&app](int index) { optBillOn_Click(app, index); });
+  form.updToday.SetOnClick([&app](int index) { updToday_Click(app, index); });
+  form.updBillOn.SetOnClick([&app](int index) { updBillOn_Click(app, index); });
   form.txtVATcode.SetOnChange([&app] { txtVATcode_Change(app); });
   form.mnuOptnMulti.SetOnClick(
       [&app](int index) { PassOver([&app, index] { MultiYearChoice(app, index); }); });

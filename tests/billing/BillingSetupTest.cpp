@@ -10,6 +10,7 @@
 #include "platform/ui/ScriptUi.h"
 #include "runtime/DateTime.h"
 #include "shell/Tolmen.h"
+#include "wizard/RecurringBillingControls.h"
 
 namespace tolmen {
 namespace {
@@ -113,6 +114,33 @@ TEST_F(BillingSetupTest, EditPriceStoresAndShowsTheAnswer) {
   EditPeriod(*app_);
   EXPECT_TRUE(ui_->Finished());
   EXPECT_EQ(transcript_.str().find("'Bronze'"), std::string::npos);
+}
+
+// The date buttons, as their clicks reach them: a month from the 31st lands on the month's last
+// day; the day box's pair works only for "On or After Specific Date" and stays within 1 to 31.
+TEST_F(BillingSetupTest, TheDateButtonsMoveTheBillingDateAndTheDay) {
+  Start({});
+  WireRecurringBillingControls(*app_);
+  MainForm& form = app_->screen.frmMain;
+  form.txtToday.SetText("31 Jan 2026");
+  const std::vector<std::pair<int, std::string>> today = {
+      {2, "28 Feb 2026"}, {3, "28 Jan 2026"}, {0, "29 Jan 2026"}, {1, "28 Jan 2026"}};
+  for (const auto& [button, shown] : today) {
+    form.updToday(button).Click();
+    EXPECT_EQ(form.txtToday.Text(), shown) << button;
+  }
+  EXPECT_FALSE(form.updBillOn(0).Enabled());
+  form.optBillOn(3).Click();
+  EXPECT_TRUE(form.updBillOn(0).Enabled() && form.updBillOn(1).Enabled());
+  form.txtBillOn.SetText("31");
+  form.updBillOn(0).Click();
+  EXPECT_EQ(form.txtBillOn.Text(), "31");
+  form.txtBillOn.SetText("2");
+  form.updBillOn(1).Click();
+  form.updBillOn(1).Click();
+  EXPECT_EQ(form.txtBillOn.Text(), "1");
+  form.optBillOn(0).Click();
+  EXPECT_FALSE(form.updBillOn(1).Enabled());
 }
 
 }  // namespace

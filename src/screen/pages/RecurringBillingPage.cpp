@@ -13,6 +13,8 @@ RecurringBillingPage::RecurringBillingPage() {
   // A new wizard does no billing; when billing is chosen it bills on the day of the run.
   optBillPeriod.Set(0);
   optBillOn.Set(0);
+  updBillOn.Add(0, "+").SetEnabled(false);
+  updBillOn.Add(1, "-").SetEnabled(false);
   txtVatFrac.SetLocked(true);
   chkInvoice.SetToolTipText(
       "Tick for immediate Posting; untick for Invoice batch (which you must post, but can edit "
@@ -24,7 +26,7 @@ PageControls RecurringBillingPage::RecurringBillingPageControls() {
            &lblDateBilled, &cboDateBilled, &lblPriceList, &lstPrices,     &cmdEditPrice,
            &cmdEditPeriod, &lblGLcode,     &txtGLcode,    &lblVATcode,    &txtVATcode,
            &txtVatFrac,    &lblCOSTcode,   &txtCOSTcode,  &chkInvoice,    &cmdHideBillR},
-          {&optBillPeriod, &optBillOn}};
+          {&optBillPeriod, &optBillOn, &updBillOn}};
 }
 
 }  // namespace tolmen

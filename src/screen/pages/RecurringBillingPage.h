@@ -21,6 +21,8 @@ struct RecurringBillingPage {
   Label fraBillOn{"fraBillOn", "Bill When"};
   OptionArray optBillOn{"optBillOn"};
   TextBox txtBillOn{"txtBillOn", "1"};
+  // The day box's buttons: 0 a day later, 1 a day earlier; enabled with txtBillOn.
+  ControlArray<Button> updBillOn{"updBillOn"};
 
   Label lblDateJoined{"lblDateJoined", "Date Joined UDF:"};
   ComboBox cboDateJoined{"cboDateJoined"};
