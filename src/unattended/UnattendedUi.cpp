@@ -1,9 +1,6 @@
 #include "unattended/UnattendedUi.h"
 
-#include <poll.h>
 #include <signal.h>
-#include <sys/signalfd.h>
-#include <unistd.h>
 
 #include <cmath>
 #include <ostream>
@@ -28,42 +25,10 @@ std::string Number(double value) {
 
 UnattendedUi::UnattendedUi(std::ostream& err, Clock& clock, std::string defaultTitle,
                            Settings settings)
-    : HeadlessUi(clock, std::move(defaultTitle)), err_(err), settings_(settings) {
-  sigset_t wanted;
-  sigset_t previous;
-  sigemptyset(&wanted);
-  sigaddset(&wanted, SIGINT);
-  sigaddset(&wanted, SIGTERM);
-  pthread_sigmask(SIG_BLOCK, &wanted, &previous);
-  sigset_t taken;
-  sigemptyset(&taken);
-  for (int sig : {SIGINT, SIGTERM}) {
-    if (sigismember(&previous, sig)) continue;
-    sigaddset(&taken, sig);
-    blocked_.push_back(sig);
-  }
-  signalFd_ = signalfd(-1, &taken, SFD_NONBLOCK | SFD_CLOEXEC);
-}
+    : HeadlessUi(clock, std::move(defaultTitle)), err_(err), settings_(settings) {}
 
 UnattendedUi::~UnattendedUi() {
   EndProgressLine();
-  if (signalFd_ >= 0) close(signalFd_);
-  // A signal still pending would be delivered as the mask lifts: it was taken already.
-  sigset_t pending;
-  sigpending(&pending);
-  sigset_t unblock;
-  sigemptyset(&unblock);
-  for (int sig : blocked_) {
-    if (sigismember(&pending, sig)) {
-      sigset_t one;
-      sigemptyset(&one);
-      sigaddset(&one, sig);
-      int taken = 0;
-      sigwait(&one, &taken);
-    }
-    sigaddset(&unblock, sig);
-  }
-  pthread_sigmask(SIG_UNBLOCK, &unblock, nullptr);
 }
 
 void UnattendedUi::BeginTemplate(const std::string& name) {
@@ -86,14 +51,10 @@ void UnattendedUi::PassCancelOn() {
 }
 
 void UnattendedUi::PollSignals() {
-  if (signalFd_ < 0) return;
-  pollfd p{signalFd_, POLLIN, 0};
-  if (poll(&p, 1, 0) <= 0) return;
-  signalfd_siginfo info;
-  while (read(signalFd_, &info, sizeof info) == static_cast<ssize_t>(sizeof info)) {
+  while (const int sig = signals_.Wait(0)) {
     EndProgressLine();
     if (!cancelled_)
-      err_ << "tolmen run: " << (info.ssi_signo == SIGINT ? "interrupted" : "terminated")
+      err_ << "tolmen run: " << (sig == SIGINT ? "interrupted" : "terminated")
            << ": cancelling the run\n";
     cancelled_ = true;
   }

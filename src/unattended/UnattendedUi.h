@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/ui/HeadlessUi.h"
+#include "platform/ui/SignalWatch.h"
 #include "unattended/UnattendedAnswers.h"
 
 namespace tolmen {
@@ -82,8 +83,7 @@ class UnattendedUi final : public HeadlessUi {
   std::ostream& err_;
   Settings settings_;
   Tolmen* app_ = nullptr;
-  int signalFd_ = -1;
-  std::vector<int> blocked_;  // the signals this front-end blocked, to unblock at the end
+  SignalWatch signals_;  // SIGINT and SIGTERM, taken at each yield and dialog
   std::string templateName_;
   bool templateEnded_ = false;
   bool callEnded_ = false;

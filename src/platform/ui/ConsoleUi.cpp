@@ -1,18 +1,15 @@
 // The console front-end: dialogs as questions on the terminal, progress as one refreshed line.
 #include "platform/ui/ConsoleUi.h"
 
-#include <poll.h>
-#include <signal.h>
-#include <sys/signalfd.h>
-#include <unistd.h>
 
-#include <cmath>
+#include <algorithm>
 #include <cstdlib>
 #include <istream>
 #include <ostream>
 
 #include "platform/ui/HelpPage.h"
 #include "platform/ui/ProgramLauncher.h"
+#include "platform/ui/SignalWatch.h"
 #include "runtime/Cp1252.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/SystemPath.h"
@@ -62,53 +59,6 @@ std::string ResolveFileName(const std::string& typed, const FileDialogRequest& r
     path += "." + request.defaultExtension;
   return path;
 }
-
-// SIGINT and SIGTERM blocked and readable through a signalfd for as long as the watch lives.
-// Signals that were blocked before are left alone; those taken over are drained before the old
-// mask comes back, so a signal that arrived meanwhile is not delivered late.
-class SignalWatch {
- public:
-  SignalWatch() {
-    sigset_t wanted;
-    sigemptyset(&wanted);
-    sigaddset(&wanted, SIGINT);
-    sigaddset(&wanted, SIGTERM);
-    pthread_sigmask(SIG_BLOCK, &wanted, &previous_);
-    sigset_t taken;
-    sigemptyset(&taken);
-    for (int sig : {SIGINT, SIGTERM})
-      if (!sigismember(&previous_, sig)) sigaddset(&taken, sig);
-    fd_ = signalfd(-1, &taken, SFD_NONBLOCK | SFD_CLOEXEC);
-  }
-  ~SignalWatch() {
-    if (fd_ >= 0) {
-      while (Take()) {
-      }
-      close(fd_);
-    }
-    pthread_sigmask(SIG_SETMASK, &previous_, nullptr);
-  }
-  SignalWatch(const SignalWatch&) = delete;
-  SignalWatch& operator=(const SignalWatch&) = delete;
-
-  // Waits up to `seconds` for a signal; true when one came.
-  bool Wait(double seconds) {
-    if (fd_ < 0) return false;
-    int ms = static_cast<int>(std::ceil(std::max(0.0, std::min(seconds, 3600.0)) * 1000.0));
-    pollfd p{fd_, POLLIN, 0};
-    if (poll(&p, 1, ms) > 0) return Take();
-    return false;
-  }
-
- private:
-  bool Take() {
-    signalfd_siginfo info;
-    return read(fd_, &info, sizeof info) == static_cast<ssize_t>(sizeof info);
-  }
-
-  sigset_t previous_;
-  int fd_ = -1;
-};
 
 }  // namespace
 
@@ -273,10 +223,10 @@ void ConsoleUi::RunInBackground(WindowModel& window) {
     double seconds = next ? (*next - clock_.Now()) * 86400.0 : 1.0;
     bool signalled;
     if (clock_.IsVirtual()) {
-      signalled = signals.Wait(0);
+      signalled = signals.Wait(0) != 0;
       if (!signalled) clock_.Sleep(std::max(seconds, 0.0));
     } else {
-      signalled = signals.Wait(seconds);
+      signalled = signals.Wait(seconds) != 0;
     }
     if (signalled) {
       EndProgressLine();
