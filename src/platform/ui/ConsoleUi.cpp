@@ -1,7 +1,6 @@
 // The console front-end: dialogs as questions on the terminal, progress as one refreshed line.
 #include "platform/ui/ConsoleUi.h"
 
-
 #include <algorithm>
 #include <cstdlib>
 #include <istream>
