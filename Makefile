@@ -2,10 +2,12 @@
 BUILD    ?= build
 JOBS     ?= 2
 PACKAGES := cmake make g++ pkg-config libsqlite3-dev qt6-base-dev libgl-dev libfmt-dev \
-            nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format xvfb xauth
+            nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format xvfb xauth \
+            librsvg2-bin dpkg-dev file groff-base desktop-file-utils appstream
+PREFIX   ?= /usr/local
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps configure build test demo bench sanitize format clean
+.PHONY: all deps configure build test demo install package bench sanitize format clean
 
 all: build
 
@@ -33,6 +35,15 @@ test: build
 
 demo: build
 	@bash tools/demo/demo.sh $(BUILD)
+
+# Installs under PREFIX (default /usr/local); DESTDIR, when given, is put before it.
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)"
+
+# The Debian package tolmen_<version>_<arch>.deb, in the build folder.
+package: build
+	cd $(BUILD) && cpack -G DEB
+	@ls $(BUILD)/tolmen_*.deb
 
 bench: deps
 	cmake -S . -B $(BUILD)-bench -DCMAKE_BUILD_TYPE=Release -DTOLMEN_BENCH=ON -DTOLMEN_GUI=OFF \

@@ -4,6 +4,7 @@
 //                                    file is not replaced)
 //   butil -save FILE OUT             every record in key 0 order, in the unformatted save format
 //   butil -load IN FILE              the records of a save file inserted, in one transaction
+//   butil --help                     the usage, on standard output
 // Errors go to standard error, naming the status and its words; the exit status is then 1, or 2
 // for a command line butil does not understand.
 #include <fmt/format.h>
@@ -180,12 +181,13 @@ int Load(const std::string& inPath, const std::string& path) {
   return 0;
 }
 
-int Usage() {
-  std::cerr << "usage: butil -stat FILE\n"
-               "       butil -create FILE DESCRIPTION\n"
-               "       butil -save FILE OUT\n"
-               "       butil -load IN FILE\n";
-  return 2;
+// The usage text: on stdout with status 0 when asked for (--help), else on stderr with 2.
+int Usage(bool asked = false) {
+  (asked ? std::cout : std::cerr) << "usage: butil -stat FILE\n"
+                                     "       butil -create FILE DESCRIPTION\n"
+                                     "       butil -save FILE OUT\n"
+                                     "       butil -load IN FILE\n";
+  return asked ? 0 : 2;
 }
 
 }  // namespace
@@ -197,6 +199,7 @@ int main(int argc, char** argv) {
   std::string command = argv[1];
   for (char& c : command) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   try {
+    if ((command == "--help" || command == "-h") && argc == 2) return Usage(true);
     if (command == "-stat" && argc == 3) return Stat(argv[2]);
     if (command == "-create" && argc == 4) return Create(argv[2], argv[3]);
     if (command == "-save" && argc == 4) return Save(argv[2], argv[3]);

@@ -4,6 +4,7 @@
 //   maxsim serve DIR [--socket PATH]            opens it and answers automation calls
 //   maxsim dump DIR                             prints the address book as a description
 //   maxsim ctl [--socket PATH] COMMAND [ARG...] sends a control command to a running instance
+//   maxsim --help                               prints the usage on standard output
 //
 // Exit status: 0 done, 1 failed (the reason on stderr), 2 a wrong command line.
 #include <poll.h>
@@ -34,14 +35,16 @@ using Json = nlohmann::ordered_json;
 
 constexpr int kControlTimeoutMs = 10000;
 
-int Usage() {
-  std::cerr << "usage: maxsim init DIR --from DESCRIPTION.json\n"
-               "       maxsim serve DIR [--socket PATH]\n"
-               "       maxsim dump DIR\n"
-               "       maxsim ctl [--socket PATH] COMMAND [ARG...]\n"
-               "commands: busy N | dialog on|off | close | open DIR | grow SECONDS | select ID |\n"
-               "          list ID... | state | journal [clear] | quit\n";
-  return 2;
+// The usage text: on stdout with status 0 when asked for (--help), else on stderr with 2.
+int Usage(bool asked = false) {
+  (asked ? std::cout : std::cerr)
+      << "usage: maxsim init DIR --from DESCRIPTION.json\n"
+         "       maxsim serve DIR [--socket PATH]\n"
+         "       maxsim dump DIR\n"
+         "       maxsim ctl [--socket PATH] COMMAND [ARG...]\n"
+         "commands: busy N | dialog on|off | close | open DIR | grow SECONDS | select ID |\n"
+         "          list ID... | state | journal [clear] | quit\n";
+  return asked ? 0 : 2;
 }
 
 int Init(const std::string& folder, const std::string& from, Clock& clock) {
@@ -123,6 +126,7 @@ int Control(const std::string& socketPath, const std::string& command,
 int main(int argc, char** argv) {
   const std::vector<std::string> args(argv + 1, argv + argc);
   if (args.empty()) return Usage();
+  if (args[0] == "--help" || args[0] == "-h") return Usage(true);
   const std::unique_ptr<Clock> clock = MakeClockFromEnvironment();
   try {
     const std::string& command = args[0];

@@ -3,6 +3,7 @@
 //
 //   pasteldata create DIR < SET.json    creates every Pastel file of a set in DIR
 //   pasteldata dump DIR FILE            prints the records of one file as the same JSON
+//   pasteldata --help                   the usage, on standard output
 //
 // The JSON is described in src/pastel/PastelDataSet.h; samples/demo.json is a whole set. Exit
 // status: 0 done, 1 a description or file that could not be used, 2 a wrong command line.
@@ -21,10 +22,11 @@
 
 namespace {
 
-int Usage() {
-  std::cerr << "usage: pasteldata create DIR < SET.json\n"
-               "       pasteldata dump DIR FILE\n";
-  return 2;
+// The usage text: on stdout with status 0 when asked for (--help), else on stderr with 2.
+int Usage(bool asked = false) {
+  (asked ? std::cout : std::cerr) << "usage: pasteldata create DIR < SET.json\n"
+                                     "       pasteldata dump DIR FILE\n";
+  return asked ? 0 : 2;
 }
 
 }  // namespace
@@ -32,6 +34,7 @@ int Usage() {
 int main(int argc, char** argv) {
   using namespace tolmen;
   const std::string command = argc > 1 ? argv[1] : "";
+  if ((command == "--help" || command == "-h") && argc == 2) return Usage(true);
   if (!((command == "create" && argc == 3) || (command == "dump" && argc == 4))) return Usage();
 
   // Nothing here asks the user anything; a message a codec might show goes to stderr.
