@@ -60,7 +60,8 @@ elif [ "$MODE" = package ]; then
   check_tree "$WORK/root/usr"
   # apt resolves the package's dependencies against the system's archive without installing it.
   apt-get install -s -q "$DEB" > "$WORK/apt.txt" 2>&1 || { cat "$WORK/apt.txt"; fail "apt"; }
-  grep -q "^Inst tolmen " "$WORK/apt.txt" || { cat "$WORK/apt.txt"; fail "apt would not install"; }
+  grep -q -E "^Inst tolmen |^tolmen is already the newest" "$WORK/apt.txt" ||
+    { cat "$WORK/apt.txt"; fail "apt would not install"; }
 else
   fail "mode install or package"
 fi
