@@ -76,9 +76,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
     "transfer Maximizer clients into Pastel Accounting and raise recurring invoices")
+# The summary above is the Description's first line; this is the text below it.
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "transfer Maximizer clients into Pastel Accounting and raise recurring invoices\n\
-Tolmen writes a Pastel debtor for every selected Maximizer client into a\n\
+    "Tolmen writes a Pastel debtor for every selected Maximizer client into a\n\
 customer import file, hands new account codes back to Maximizer, copies\n\
 Pastel's figures into Maximizer's user-defined fields and raises recurring\n\
 invoices into an invoice import file. Runs are set up in a wizard, saved as\n\
