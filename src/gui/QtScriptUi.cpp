@@ -222,7 +222,7 @@ bool QtScriptUi::FileDialog(const FileDialogRequest& request, std::string& path)
   ShowDialog(dialog, "filedialog");
   // The path is the one typed: Qt's dialog would refuse a file that is not there yet, where the
   // program's own check is what the script wants to see.
-  dialog.done(taken ? QDialog::Accepted : QDialog::Rejected);
+  static_cast<QDialog&>(dialog).done(taken ? QDialog::Accepted : QDialog::Rejected);
   Refresh();
   if (taken) path = chosen;
   return taken;
