@@ -43,8 +43,9 @@ TEST(DemoInWindowTest, TheWindowPlaysTheDemoAsTheScriptFrontEndDoes) {
   TempDir dir("tolmen-qtdemo-");
   const std::string script = dir.File("script"), window = dir.File("window");
   const std::string shots = dir.File("shots");
-  ASSERT_EQ(Play("script", script), 0) << ReadBytes(script + ".out");
-  ASSERT_EQ(Play("qt", window, shots), 0) << ReadBytes(window + ".out");
+  // The demo's book holds one client twice on purpose, so the run counts one error (status 1).
+  ASSERT_EQ(Play("script", script), 1) << ReadBytes(script + ".out");
+  ASSERT_EQ(Play("qt", window, shots), 1) << ReadBytes(window + ".out");
 
   const std::string transcript = InWorld(script + "/transcript.txt", script);
   ASSERT_NE(transcript.find("== MsgBox"), std::string::npos) << transcript;
