@@ -38,7 +38,7 @@ W* Named(const Control& control, QWidget* parent = nullptr) {
 }
 
 // The licence the program is distributed under, as Help > About names it.
-constexpr char kLicence[] = "GNU General Public License, version 3 or later";
+constexpr char kLicence[] = "Proprietary: all rights reserved";
 
 // The desktop's usual keys for the menu items that have none of their own.
 QKeySequence StandardKeyFor(const MenuItem& item) {
