@@ -2,12 +2,12 @@
 BUILD    ?= build
 JOBS     ?= 2
 PACKAGES := cmake make g++ pkg-config libsqlite3-dev qt6-base-dev libgl-dev libfmt-dev \
-            nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format xvfb xauth \
+            nlohmann-json3-dev libcli11-dev libqt6svg6 libgtest-dev libgmock-dev libbenchmark-dev clang-format xvfb xauth \
             librsvg2-bin dpkg-dev file groff-base desktop-file-utils appstream
 PREFIX   ?= /usr/local
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps configure build test demo install package bench sanitize format clean
+.PHONY: all deps configure build test demo screenshots install package bench sanitize format clean
 
 all: build
 
@@ -44,6 +44,14 @@ install: build
 package: build
 	cd $(BUILD) && cpack -G DEB
 	@ls $(BUILD)/tolmen_*.deb
+
+# The demo played in the Qt window offscreen: a PNG of every page, every dialog and the end of the
+# run under $(BUILD)/screenshots/.
+screenshots: build
+	rm -rf $(BUILD)/screenshots
+	QT_QPA_PLATFORM=offscreen TOLMEN_SCREENSHOTS=$(abspath $(BUILD))/screenshots \
+	  bash tools/demo/play.sh $(BUILD) qt $(BUILD)/screenshots-run
+	@ls $(BUILD)/screenshots
 
 bench: deps
 	cmake -S . -B $(BUILD)-bench -DCMAKE_BUILD_TYPE=Release -DTOLMEN_BENCH=ON -DTOLMEN_GUI=OFF \

@@ -1,7 +1,9 @@
 // tolmen: picks its front-end, builds the application object and waits for its user.
 //
 // The front-end is TOLMEN_UI (qt, console or script) when set, else qt when a display is there
-// (DISPLAY or WAYLAND_DISPLAY) and console otherwise. The command line is argv[1..] joined by
+// (DISPLAY or WAYLAND_DISPLAY) and console otherwise. With qt and TOLMEN_SCRIPT the window plays
+// the script (gui/QtScriptUi.h), writing TOLMEN_TRANSCRIPT and, with TOLMEN_SCREENSHOTS=DIR,
+// screenshots into DIR. The command line is argv[1..] joined by
 // blanks, read by the start as it always was (see shell/CommandLine.h).
 //
 // Exit status: 0 where the system ends the process; 1 when the last run counted errors, 2 when a
@@ -40,9 +42,12 @@
 
 #ifdef TOLMEN_HAVE_QT
 #include <QApplication>
+#include <QIcon>
 
 #include "gui/MainWindow.h"
+#include "gui/QtScriptUi.h"
 #include "gui/QtUi.h"
+#include "platform/ui/ScriptUi.h"
 #endif
 
 namespace {
@@ -109,16 +114,35 @@ int Refused(const tolmen::RuntimeError& error) {
 // REQUIRES: the arguments were joined once before (JoinArguments refused none).
 int RunQt(int argc, char** argv, const tolmen::AppInfo& info, tolmen::Clock& clock) {
   QApplication application(argc, argv);
-  tolmen::QtUi ui(clock);
-  ui.SetDefaultTitle(info.AppName);
-  tolmen::Tolmen app(info, ui, clock);
+  QApplication::setApplicationName(QString::fromStdString(tolmen::Cp1252ToUtf8(info.AppName)));
+  QApplication::setApplicationVersion(TOLMEN_VERSION);
+  QApplication::setWindowIcon(QIcon(":/icons/tolmen.svg"));
+  std::unique_ptr<tolmen::QtUi> ui;
+  if (const std::string script = Env("TOLMEN_SCRIPT"); !script.empty()) {
+    std::string error;
+    std::unique_ptr<tolmen::ScriptUi> player =
+        tolmen::ScriptUi::FromFiles(script, Env("TOLMEN_TRANSCRIPT"), clock, info.AppName, error);
+    if (!player) {
+      std::cerr << "tolmen: " << error << "\n";
+      return 2;
+    }
+    ui = std::make_unique<tolmen::QtScriptUi>(std::move(player), clock,
+                                              QString::fromStdString(Env("TOLMEN_SCREENSHOTS")));
+  } else {
+    ui = std::make_unique<tolmen::QtUi>(clock);
+  }
+  ui->SetDefaultTitle(info.AppName);
+  tolmen::Tolmen app(info, *ui, clock);
   // Joined again: QApplication has taken out the arguments that were its own.
   app.shell.CommandLine = JoinArguments(argc, argv);
   tolmen::ScreenActions actions(app.screen);
   tolmen::MainWindow window(app.screen, actions);
-  ui.Attach(&window);
-  if (const int fd = WatchSessionEnd(); fd >= 0) ui.WatchSystemClose(fd);
-  return tolmen::RunApplication(app, actions);
+  window.SetAbout(QString::fromStdString(tolmen::Cp1252ToUtf8(info.AppTitle)), TOLMEN_VERSION);
+  ui->Attach(&window);
+  if (const int fd = WatchSessionEnd(); fd >= 0) ui->WatchSystemClose(fd);
+  const int status = tolmen::RunApplication(app, actions);
+  ui->Attach(nullptr);
+  return status;
 }
 #endif
 

@@ -264,6 +264,12 @@ void FormBinding::Connect(Entry& entry) {
   }
 }
 
+QObject* FormBinding::WidgetOf(const Control& control) const {
+  for (const Entry& entry : entries_)
+    if (entry.control == &control) return entry.object;
+  return nullptr;
+}
+
 FormBinding::Entry* FormBinding::EntryOf(QObject* object) {
   for (Entry& entry : entries_)
     if (entry.object == object) return &entry;
@@ -343,8 +349,9 @@ void FormBinding::Copy(Entry& entry) {
   }
   if (auto* action = As<QAction>(object)) {
     auto& item = static_cast<MenuItem&>(control);
+    // A separator is drawn as Qt draws one: its caption "-" is no text of its own.
     action->setSeparator(item.IsSeparator());
-    action->setText(ToQt(item.Caption()));
+    action->setText(item.IsSeparator() ? QString() : ToQt(item.Caption()));
     action->setCheckable(item.Checked());
     action->setChecked(item.Checked());
     action->setEnabled(item.Enabled());

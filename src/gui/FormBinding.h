@@ -45,6 +45,8 @@ class FormBinding : public QObject {
   // Controls that found no widget of the right kind: a page's control whose widget is missing.
   QStringList Unbound() const { return unbound_; }
   Form& BoundForm() const { return form_; }
+  // The widget, action or menu bound to `control`; nullptr when it has none here.
+  QObject* WidgetOf(const Control& control) const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -7,6 +7,8 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QIcon>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -35,18 +37,43 @@ W* Named(const Control& control, QWidget* parent = nullptr) {
   return widget;
 }
 
-// The menu `item` and everything below it, as QMenus and QActions named after their controls.
+// The licence the program is distributed under, as Help > About names it.
+constexpr char kLicence[] = "Proprietary: all rights reserved";
+
+// The desktop's usual keys for the menu items that have none of their own.
+QKeySequence StandardKeyFor(const MenuItem& item) {
+  if (item.Name() == "mnuFile") {
+    switch (item.Index()) {
+      case 0:
+        return QKeySequence::Open;
+      case 2:
+        return QKeySequence::Save;
+      case 99:
+        return QKeySequence::Quit;
+      default:
+        return {};
+    }
+  }
+  if (item.Name() == "mnuHelpContents") return QKeySequence::HelpContents;
+  return {};
+}
+
+// The menu `item` and everything below it, as QMenus and QActions named after their controls;
+// a separator is Qt's own.
 void AddMenuItems(QMenu* menu, const MenuItem& item) {
   for (const MenuItem* child : item.Items()) {
     if (child->IsMenu()) {
       QMenu* sub = menu->addMenu(ToQt(child->Caption()));
       sub->setObjectName(FormBinding::WidgetName(*child));
       AddMenuItems(sub, *child);
-    } else {
-      auto* action = new QAction(ToQt(child->Caption()), menu);
-      action->setObjectName(FormBinding::WidgetName(*child));
-      menu->addAction(action);
+      continue;
     }
+    QAction* action =
+        child->IsSeparator() ? menu->addSeparator() : menu->addAction(ToQt(child->Caption()));
+    action->setObjectName(FormBinding::WidgetName(*child));
+    action->setShortcut(StandardKeyFor(*child));
+    // F1 anywhere is the Help button's (see the constructor); the menu only shows the key.
+    if (child->Name() == "mnuHelpContents") action->setShortcutContext(Qt::WidgetShortcut);
   }
 }
 
@@ -69,6 +96,7 @@ void FormDialog::closeEvent(QCloseEvent* event) {
 MainWindow::MainWindow(ScreenModel& model, WindowModel& window, QWidget* parent)
     : QMainWindow(parent), model_(model), window_(window) {
   setObjectName(ToQt(model.frmMain.Name()));
+  setWindowIcon(QIcon(":/icons/tolmen.svg"));
   BuildMenus();
   BuildCentral();
   BuildOptionsDialog();
@@ -98,6 +126,24 @@ void MainWindow::BuildMenus() {
     menu->setObjectName(FormBinding::WidgetName(*top));
     AddMenuItems(menu, *top);
   }
+  if (auto* about = findChild<QAction*>(FormBinding::WidgetName(model_.frmMain.mnuHelpAbout)))
+    connect(about, &QAction::triggered, this, &MainWindow::ShowAbout);
+}
+
+void MainWindow::SetAbout(const QString& title, const QString& version) {
+  aboutTitle_ = title;
+  aboutVersion_ = version;
+}
+
+void MainWindow::ShowAbout() {
+  const QString title = aboutTitle_.isEmpty() ? ToQt(model_.frmMain.Caption()) : aboutTitle_;
+  QMessageBox box(QMessageBox::NoIcon, "About " + title,
+                  QString("<h3>%1</h3><p>Version %2</p><p>Licence: %3</p>")
+                      .arg(title.toHtmlEscaped(), aboutVersion_.toHtmlEscaped(), kLicence),
+                  QMessageBox::Ok, this);
+  box.setObjectName("aboutBox");
+  box.setIconPixmap(windowIcon().pixmap(64, 64));
+  box.exec();
 }
 
 void MainWindow::BuildCentral() {
@@ -288,6 +334,12 @@ QWidget* MainWindow::Page(int index) const {
   return tabs_->widget(index);
 }
 
+QObject* MainWindow::WidgetOf(const Control& control) const {
+  for (const auto& binding : bindings_)
+    if (QObject* object = binding->WidgetOf(control)) return object;
+  return nullptr;
+}
+
 QStringList MainWindow::Unbound() const {
   QStringList names;
   for (const auto& binding : bindings_)
@@ -335,10 +387,20 @@ void MainWindow::RunUserAction(const std::function<void()>& action) {
   try {
     action();
   } catch (const RuntimeError& error) {
+    if (errorHandler_) {
+      errorHandler_("error " + std::to_string(error.Number()) + " " + error.Description());
+      Refresh();
+      return;
+    }
     QMessageBox::critical(
         this, ToQt(model_.frmMain.Caption()),
         QString("Run-time error '%1':\n\n%2").arg(error.Number()).arg(ToQt(error.Description())));
   } catch (const std::exception& error) {
+    if (errorHandler_) {
+      errorHandler_(error.what());
+      Refresh();
+      return;
+    }
     QMessageBox::critical(this, ToQt(model_.frmMain.Caption()), ToQt(error.what()));
   }
   Refresh();

@@ -69,6 +69,17 @@ class MainWindow : public QMainWindow {
   FormDialog* SetupDialog() const { return setupDialog_; }
   // The controls of all three forms that found no widget ("frmMain.cboCategories").
   QStringList Unbound() const;
+  // The widget, QAction or QMenu of a control of any of the three forms; nullptr when none.
+  QObject* WidgetOf(const Control& control) const;
+
+  // Where an error no handler caught goes ("error 53 File not found"); by default a run-time
+  // error box. A script played in the window takes it as the action's refusal.
+  void SetErrorHandler(std::function<void(const std::string& reason)> handler) {
+    errorHandler_ = std::move(handler);
+  }
+  // Help > About: the program's title, version and licence.
+  void SetAbout(const QString& title, const QString& version);
+  void ShowAbout();
 
  signals:
   // After every Refresh: front-ends sync their timers and notice an unloaded window here.
@@ -96,6 +107,9 @@ class MainWindow : public QMainWindow {
   bool refreshing_ = false;
   bool minimiseWhenHidden_ = false;
   bool minimisedForHidden_ = false;  // shown minimised in place of hidden
+  std::function<void(const std::string&)> errorHandler_;
+  QString aboutTitle_;
+  QString aboutVersion_;
 };
 
 }  // namespace tolmen

@@ -27,6 +27,8 @@
 #include <filesystem>
 
 #include "gui/FileFilter.h"
+#include "gui/HelpWindow.h"
+#include "gui/LogViewer.h"
 #include "gui/MainWindow.h"
 #include "gui/QtText.h"
 #include "platform/ui/HelpPage.h"
@@ -116,8 +118,8 @@ int QtUi::CloseBoxAnswer(int style) {
   return MsgBoxButtons(style).back();
 }
 
-int QtUi::MsgBox(const std::string& prompt, int style, const std::string& title) {
-  QMessageBox box(DialogParent());
+std::map<QAbstractButton*, int> QtUi::SetUpMsgBox(QMessageBox& box, const std::string& prompt,
+                                                  int style, const std::string& title) const {
   box.setWindowTitle(ToQt(title.empty() ? defaultTitle_ : title));
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(prompt));
@@ -130,26 +132,38 @@ int QtUi::MsgBox(const std::string& prompt, int style, const std::string& title)
     if (answer == MsgBoxDefaultAnswer(style)) box.setDefaultButton(button);
     if (answer == closeAnswer) box.setEscapeButton(button);
   }
+  return answers;
+}
+
+int QtUi::MsgBox(const std::string& prompt, int style, const std::string& title) {
+  QMessageBox box(DialogParent());
+  std::map<QAbstractButton*, int> answers = SetUpMsgBox(box, prompt, style, title);
   box.exec();
   auto found = answers.find(box.clickedButton());
-  int answer = found == answers.end() ? closeAnswer : found->second;
+  int answer = found == answers.end() ? CloseBoxAnswer(style) : found->second;
   Refresh();
   return answer;
+}
+
+void QtUi::SetUpInputBox(QInputDialog& dialog, const std::string& prompt, const std::string& title,
+                         const std::string& defaultText) const {
+  dialog.setWindowTitle(ToQt(title.empty() ? defaultTitle_ : title));
+  dialog.setLabelText(ToQt(prompt));
+  dialog.setTextValue(ToQt(defaultText));
 }
 
 std::string QtUi::InputBox(const std::string& prompt, const std::string& title,
                            const std::string& defaultText) {
   QInputDialog dialog(DialogParent());
-  dialog.setWindowTitle(ToQt(title.empty() ? defaultTitle_ : title));
-  dialog.setLabelText(ToQt(prompt));
-  dialog.setTextValue(ToQt(defaultText));
+  SetUpInputBox(dialog, prompt, title, defaultText);
   bool accepted = dialog.exec() == QDialog::Accepted;
   Refresh();
   return accepted ? FromQt(dialog.textValue()) : "";
 }
 
-bool QtUi::FileDialog(const FileDialogRequest& request, std::string& path) {
-  QFileDialog dialog(DialogParent(), ToQt(request.title), ToQt(request.initialFolder));
+void QtUi::SetUpFileDialog(QFileDialog& dialog, const FileDialogRequest& request) {
+  dialog.setWindowTitle(ToQt(request.title));
+  dialog.setDirectory(ToQt(request.initialFolder));
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   QStringList filters;
   for (const std::string& filter : QtNameFilters(request.filter)) filters << ToQt(filter);
@@ -158,6 +172,11 @@ bool QtUi::FileDialog(const FileDialogRequest& request, std::string& path) {
   dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   if (!request.defaultExtension.empty()) dialog.setDefaultSuffix(ToQt(request.defaultExtension));
   if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
+}
+
+bool QtUi::FileDialog(const FileDialogRequest& request, std::string& path) {
+  QFileDialog dialog(DialogParent());
+  SetUpFileDialog(dialog, request);
   bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
   Refresh();
   if (!accepted) return false;
@@ -267,17 +286,32 @@ bool QtUi::PrintText(const std::string& text) {
 }
 
 bool QtUi::OpenInEditor(const std::string& path) {
-  QString file = ToQt(path);
-  if (!std::filesystem::exists(file.toStdString())) return false;
-  if (const char* editor = std::getenv("TOLMEN_EDITOR"); editor && *editor)
-    return QProcess::startDetached(QString::fromLocal8Bit(editor), {file});
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+  const QString file = QString::fromStdString(SystemPath(path));
+  auto desktop = [](const QString& name) {
+    if (const char* editor = std::getenv("TOLMEN_EDITOR"); editor && *editor)
+      return QProcess::startDetached(QString::fromLocal8Bit(editor), {name});
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(name));
+  };
+  auto viewer = [this](const QString& name) {
+    auto* view = new LogViewer(window_);
+    if (!view->Load(name)) {
+      delete view;
+      return false;
+    }
+    view->show();
+    return true;
+  };
+  return OpenLog(file, desktop, viewer);
+}
+
+HelpWindow& QtUi::Help() {
+  if (!help_) help_ = std::make_unique<HelpWindow>();
+  return *help_;
 }
 
 bool QtUi::ShowHelp(const std::string&, const std::string& page) {
-  std::string file = FindHelpPage(Cp1252ToUtf8(page));
-  if (file.empty()) return false;
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file)));
+  const std::string file = FindHelpPage(Cp1252ToUtf8(page));
+  return !file.empty() && Help().ShowPage(QString::fromStdString(file));
 }
 
 bool QtUi::HasTray() {

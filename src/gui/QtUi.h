@@ -8,10 +8,12 @@
 // - Yield processes pending events and refreshes the attached window; Wait on a virtual clock
 //   moves the clock on and yields once, on the real clock it runs an event loop for that long.
 // - OpenInEditor starts $TOLMEN_EDITOR with the file as its only argument when that is set,
-//   otherwise the desktop's handler for the file; never a shell.
-// - ShowHelp opens the page's HTML file (platform/ui/HelpPage.h: "::/html/06 Open Tab.htm" is
-//   share/tolmen/help/html/06 Open Tab.htm beside the program's bin/ folder) in the desktop's
-//   browser; false when the page is not installed.
+//   otherwise the desktop's default program for the file; never a shell. When neither starts, the
+//   file is shown in the program's read-only viewer (gui/LogViewer.h). False only when the file is
+//   not there or cannot be read.
+// - ShowHelp shows the page's HTML file (platform/ui/HelpPage.h: "::/html/06 Open Tab.htm" is
+//   share/tolmen/help/html/06 Open Tab.htm beside the program's bin/ folder) in the program's help
+//   window (gui/HelpWindow.h); false when the page is not installed.
 // - The tray icon (QSystemTrayIcon) shows the tip it is given. Its double click reaches the
 //   window model as the action "tray dblclick"; its context menu offers "Show Window" (the same)
 //   and "Background Mode Options..." ("tray rdblclick", the right button's double click).
@@ -31,7 +33,11 @@
 #include "platform/ui/Clock.h"
 #include "platform/ui/Ui.h"
 
+class QAbstractButton;
+class QFileDialog;
+class QInputDialog;
 class QMenu;
+class QMessageBox;
 class QMovie;
 class QSocketNotifier;
 class QSystemTrayIcon;
@@ -40,6 +46,7 @@ class QWidget;
 
 namespace tolmen {
 
+class HelpWindow;
 class MainWindow;
 
 class QtUi : public QObject, public Ui {
@@ -52,7 +59,7 @@ class QtUi : public QObject, public Ui {
 
   // The window refreshed at each yield, whose animation label, tray actions and dialogs' parent
   // this front-end uses. May be nullptr.
-  void Attach(MainWindow* window);
+  virtual void Attach(MainWindow* window);
   // The title of a message box given none; "Tolmen" until set.
   void SetDefaultTitle(const std::string& title) { defaultTitle_ = title; }
 
@@ -91,14 +98,27 @@ class QtUi : public QObject, public Ui {
   void AnimationStop() override;
   void AnimationClose() override;
 
+  // The help window, made at its first use.
+  HelpWindow& Help();
+
   // The answer of a message box of `style` closed by its close box or Escape.
   static int CloseBoxAnswer(int style);
   // The folder of the running program.
   static std::string ProgramFolder();
 
- private:
+ protected:
   QWidget* DialogParent() const;
   void Refresh();
+  MainWindow* AttachedWindow() const { return window_; }
+  // The dialogs as the user sees them, before they are shown: a message box's buttons with the
+  // answer each gives, an input box, a file dialog (Qt's own, the same on every desktop).
+  std::map<QAbstractButton*, int> SetUpMsgBox(QMessageBox& box, const std::string& prompt,
+                                              int style, const std::string& title) const;
+  void SetUpInputBox(QInputDialog& dialog, const std::string& prompt, const std::string& title,
+                     const std::string& defaultText) const;
+  static void SetUpFileDialog(QFileDialog& dialog, const FileDialogRequest& request);
+
+ private:
   void SyncTimers();
   // Hands "tray WHAT" to the attached window's model.
   void PerformTray(const char* what);
@@ -112,6 +132,7 @@ class QtUi : public QObject, public Ui {
   bool noTraySaid_ = false;
   std::unique_ptr<QMovie> movie_;
   std::unique_ptr<QSocketNotifier> systemClose_;
+  std::unique_ptr<HelpWindow> help_;
   int busyDepth_ = 0;
 };
 

@@ -89,6 +89,37 @@ std::string ScreenActions::Perform(const UiAction& action) {
   }
 }
 
+ScreenActions::Located ScreenActions::Locate(const UiAction& action) {
+  const std::string verb = LCase(action.verb);
+  const std::vector<std::string>& args = action.args;
+  Located located;
+  Target target;
+  if (verb == "tab") {
+    if (args.empty()) {
+      located.refusal = "tab: which page?";
+      return located;
+    }
+    target = Target{&model_.frmMain, &model_.frmMain.tabDlg, 0, ""};
+  } else if (verb == "click" || verb == "dblclick" || verb == "set" || verb == "select") {
+    if (args.empty()) {
+      located.refusal = verb + ": which control?";
+      return located;
+    }
+    target = Resolve(args);
+    if (!target.error.empty()) {
+      located.refusal = target.error;
+      return located;
+    }
+  } else {
+    return located;
+  }
+  located.refusal = Unreachable(target);
+  located.control = target.control;
+  located.hasEntry = args.size() > target.nextArg;
+  located.entry = Rest(args, target.nextArg);
+  return located;
+}
+
 std::string ScreenActions::TrayMessage(const std::vector<std::string>& args) {
   static const std::map<std::string, int> kMessages = {
       {"click", MainForm::kTrayLeftUp},

@@ -62,6 +62,18 @@ class ScreenActions : public WindowModel {
     tray_ = std::move(hook);
   }
 
+  // The control a click, dblclick, set, select or tab names, for a front-end that acts on widgets
+  // of its own: `control` with the rest of the arguments in `entry` (the member's entry, the
+  // value, the page), or the reason Perform would refuse it in `refusal`. Other verbs name no
+  // control: `control` stays nullptr and `refusal` empty.
+  struct Located {
+    Control* control = nullptr;
+    bool hasEntry = false;
+    std::string entry;
+    std::string refusal;
+  };
+  Located Locate(const UiAction& action);
+
  private:
   struct Target {
     Form* form = nullptr;

@@ -228,7 +228,7 @@ void ScriptUi::PerformAction(const UiAction& action, WindowModel& window) {
 }
 
 void ScriptUi::HandOver(const UiAction& action, WindowModel& window) {
-  std::string reason = window.Perform(action);
+  std::string reason = performer_ ? performer_(action, window) : window.Perform(action);
   if (!reason.empty()) Note("not done: " + reason);
   NoteFocus();
 }

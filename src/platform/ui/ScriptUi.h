@@ -82,6 +82,7 @@
 // animation keep their state (see HeadlessUi); Wait(seconds) sleeps on the clock and then yields.
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -130,6 +131,11 @@ class ScriptUi final : public HeadlessUi {
   void TrayModify(const std::string& tip) override;
   void TrayRemove() override;
 
+  // Who performs the actions handed to the window: by default WindowModel::Perform. A front-end
+  // with widgets acts on them instead; the answer is Perform's ("" when done, else why not).
+  using Performer = std::function<std::string(const UiAction& action, WindowModel& window)>;
+  void SetPerformer(Performer performer) { performer_ = std::move(performer); }
+
   // True when every line of the script has been taken.
   bool Finished() const { return next_ >= script_.size(); }
   // The client ordinal of a @pause not yet performed.
@@ -153,6 +159,7 @@ class ScriptUi final : public HeadlessUi {
 
   std::vector<ScriptLine> script_;
   size_t next_ = 0;
+  Performer performer_;
   std::unique_ptr<std::ostream> ownedTranscript_;
   std::ostream* transcript_ = nullptr;
   std::optional<long> pendingPause_;
