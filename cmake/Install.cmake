@@ -89,12 +89,14 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${TOLMEN_PACKAGE_MAINTAINER}")
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 # The libraries' packages are read from the binaries where dpkg-shlibdeps can; otherwise they are
-# named here (Debian 12's).
+# named here (Debian 12's). Qt's SVG plug-in, which draws the window's icon, is loaded at run time,
+# so no binary names it: it is always listed.
 find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
 if(DPKG_SHLIBDEPS)
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6")
 else()
   set(CPACK_DEBIAN_PACKAGE_DEPENDS
-      "libqt6widgets6, libqt6gui6, libqt6core6, libqt6printsupport6, libsqlite3-0, libfmt9, libstdc++6, libc6")
+      "libqt6widgets6, libqt6gui6, libqt6core6, libqt6printsupport6, libqt6svg6, libsqlite3-0, libfmt9, libstdc++6, libc6")
 endif()
 include(CPack)

@@ -56,7 +56,7 @@ elif [ "$MODE" = package ]; then
     { cat "$WORK/cpack.txt"; fail "cpack"; }
   DEB=$(ls "$WORK"/pkg/tolmen_"$VERSION"_*.deb) || fail "no tolmen_${VERSION}_*.deb"
   depends=$(dpkg-deb -f "$DEB" Depends)
-  for lib in libqt6widgets6 libsqlite3-0 libfmt; do
+  for lib in libqt6widgets6 libqt6svg6 libsqlite3-0 libfmt; do
     [[ "$depends" == *"$lib"* ]] || fail "Depends lacks $lib: $depends"
   done
   dpkg-deb -x "$DEB" "$WORK/root"
