@@ -57,16 +57,6 @@ TEST(CasualRuleTest, ParseCasualBillCutsARuleIntoItsPieces) {
     EXPECT_EQ(ParseCasualBill(c.rule, Documents()), c.pieces) << c.name;
 }
 
-TEST(CasualRuleTest, AComposedRuleParsesBackToItsChoices) {
-  const std::string rule =
-      ComposeCasualBill("Membership", "say \"GOLD\"", "Batch Invoice", "<FEE01> Annual fee", "");
-  EXPECT_EQ(rule, "If <Membership> Contains \"say GOLD\" then Batch Invoice <FEE01> Annual fee");
-  EXPECT_EQ(ParseCasualBill(rule, Documents()),
-            (CasualBill{"Membership", "say GOLD", "Batch Invoice", 2, "FEE01", "Annual fee"}));
-  EXPECT_EQ(InventoryCode("<FEE01> Annual fee"), "FEE01");
-  EXPECT_EQ(InventoryCode(kNoInventoryItems), "");
-}
-
 TEST(CasualRuleTest, AStockItemIsBilledOnlyWithAPriceAboveZeroATaxCodeAndADescription) {
   const StockItemFacts good{"", "100.00", "1", "Annual fee"};
   struct Case {
