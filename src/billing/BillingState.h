@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tolmen {
 
@@ -10,6 +11,17 @@ namespace tolmen {
 // category from a UDF, which billing needs.
 enum BillingPeriodKind : int { kNoBillingPeriod = 0, kBillAnnually = 1, kBillMonthly = 2 };
 constexpr int kCategoryFromUdf = 2;
+
+// One resolved casual billing rule, at the index of its row in lstBillCSet; a row that did not
+// resolve keeps an empty entry.
+struct CasualItem {
+  std::int16_t documentType = 0;  // the ItemData of the document in lstBillType
+  std::int16_t udfKey = 0;        // the ItemData of the UDF in lstBillCUDFs
+  std::string trigger;
+  std::int16_t reserved = 0;  // kept beside the others; nothing fills it
+  std::string udfName;
+  std::string lineString;  // the DefineDocumentLine string
+};
 
 struct BillingState {
   // The casual billing page's inventory list has been read from Pastel; picking another folder
@@ -36,6 +48,11 @@ struct BillingState {
   std::string BillingNote;
   std::string InvoiceNote;
   std::string ItemDescription;
+
+  // The casual billing rules as the last ResolveCasualItems resolved them, and the rules and
+  // Pastel folder they were resolved for (empty: not resolved since).
+  std::vector<CasualItem> CasualItems;
+  std::string CasualResolvedFor;
 };
 
 }  // namespace tolmen

@@ -24,9 +24,9 @@ struct RunStages {
   std::function<void()> FillToPastelLists;                    // transfer/Categories.h
   std::function<void()> TransferClients;                      // transfer/TransferClients.h
   std::function<bool()> CheckRecurringBilling;                // billing/BillingSetup.h
+  std::function<bool()> CheckCasualBilling;                   // billing/CasualBilling.h
 
-  // Not built yet.
-  std::function<bool()> CheckCasualBilling;  // the casual billing rules
+  // Not built yet: none at present.
 };
 
 }  // namespace tolmen

@@ -2,6 +2,7 @@
 
 #include "background/BackgroundMode.h"
 #include "background/StartupEntry.h"
+#include "billing/CasualBilling.h"
 #include "maximizer/OpenMaximizer.h"
 #include "pastel/OpenPastel.h"
 #include "runtime/Conversion.h"
@@ -18,17 +19,6 @@ namespace tolmen {
 namespace {
 
 constexpr const char* kSettingsSection = "Settings";
-
-// The documents a casual billing rule may raise, with their document types.
-struct DocumentType {
-  const char* name;
-  long type;
-};
-constexpr DocumentType kDocumentTypes[] = {{"Quote", 101},
-                                           {"Sales Order", 102},
-                                           {"Batch Invoice", 103},
-                                           {"Batch Credit Note", 104},
-                                           {"Batch Debit Note", 105}};
 
 bool ReadBoolSetting(Tolmen& app, const std::string& key, bool defaultValue) {
   const std::string text =
@@ -141,12 +131,7 @@ void Form_Load(Tolmen& app) {
       form.optCategory(category).Click();
 
     SetStartupSection(app, "Pastel Doc List");
-    form.lstBillType.Clear();
-    for (const DocumentType& document : kDocumentTypes) {
-      form.lstBillType.AddItem(document.name);
-      form.lstBillType.SetItemData(form.lstBillType.NewIndex(), document.type);
-    }
-    form.lstBillType.SetListIndex(2);
+    FillDocumentList(form.lstBillType);
     AddPas2MaxList(form.lst2MaxPastel);
 
     SetStartupSection(app, "CheckForAutoRun");

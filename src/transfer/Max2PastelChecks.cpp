@@ -2,6 +2,7 @@
 // handlers left them in RunOptions; the prefix and suffix boxes are read and repaired on the
 // screen itself.
 #include "billing/BillingSetup.h"
+#include "billing/CasualBilling.h"
 #include "runtime/Conversion.h"
 #include "runtime/Strings.h"
 #include "shell/Tolmen.h"
@@ -11,15 +12,6 @@
 #include "transfer/Pas2MaxLinks.h"
 
 namespace tolmen {
-namespace {
-
-// A check of a module not built yet: passed unless a test stands in for it.
-bool Passes(const std::function<bool()>& check) {
-  return !check || check();
-}
-
-}  // namespace
-
 bool ToPastelChecks(Tolmen& app) {
   MainForm& form = app.screen.frmMain;
   RunOptions& options = app.options;
@@ -78,7 +70,7 @@ bool CheckRunOptions(Tolmen& app) {
     tabs.SetTab(MainForm::kTabRecurringBilling);
     return false;
   }
-  if (!Passes(app.stages.CheckCasualBilling)) {
+  if (!CheckCasualBilling(app)) {
     tabs.SetTab(MainForm::kTabCasualBilling);
     return false;
   }

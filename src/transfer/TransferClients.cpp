@@ -1,5 +1,6 @@
 #include "transfer/TransferClients.h"
 
+#include "billing/CasualBilling.h"
 #include "billing/ClientDue.h"
 #include "billing/Invoice.h"
 #include "maximizer/ClientList.h"
@@ -70,13 +71,7 @@ void WorkOnClient(Tolmen& app, RunTrap& trap) {
     app.billing.InvoiceNote = " (Renewal)";
   }
   if (billThisClient && !trap([&] { DoBilling1(app); })) return;
-  if (run.CasualBillingOn) {
-    // The casual rules were once billed here; the routine is kept only to say so.
-    app.ui.MsgBox("Sub DoBilling2 is no longer operative!", vbCritical, "Error in Sub DoBilling2");
-    run.RecurringBillingOn = false;
-    run.CasualBillingOn = false;
-    run.ShowFinalMessage = true;
-  }
+  if (run.CasualBillingOn) DoBilling2(app);
   run.CurrentSection = "Pastel2Max1 section";
   if (run.TransferToMaximizer != 0 && !trap([&] { Pastel2Max(app); })) return;
   run.CurrentSection = "Update Kelbor to Now";

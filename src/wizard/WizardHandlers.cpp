@@ -7,6 +7,7 @@
 #include "pastel/OpenPastel.h"
 #include "shell/Tolmen.h"
 #include "templates/TemplateFile.h"
+#include "wizard/CasualBillingControls.h"
 #include "wizard/FileMenu.h"
 #include "wizard/RecurringBillingControls.h"
 #include "wizard/TabFlow.h"
@@ -35,6 +36,7 @@ void WireMainForm(Tolmen& app) {
   WireMaximizerControls(app);
   WireToMaximizerControls(app);
   WireRecurringBillingControls(app);
+  WireCasualBillingControls(app);
   form.cmdHelp.SetOnClick([&app] { cmdHelp_Click(app); });
   form.mnuHelpContents.SetOnClick([&app] { cmdHelp_Click(app); });
   form.cmdNext.SetOnClick([&app] { cmdNext_Click(app); });
