@@ -44,7 +44,8 @@ class LayoutKit {
   QLabel* Label(const Control& control) { return Make<QLabel>(control); }
   // A group box headed by the frame `heading`'s caption.
   QGroupBox* Group(const Control& heading) { return Make<QGroupBox>(heading); }
-  // A widget of the layout's own (no control) that takes Tab in its place.
+  // A widget of the layout's own, not a control's (the folder tree, its Browse button), chained
+  // for Tab where it stands.
   void Chain(QWidget* widget);
   // Sets the Tab order of the widgets chained so far, in their order.
   void ChainTabs() const;
@@ -55,7 +56,8 @@ class LayoutKit {
 
 // A row of widgets side by side, at their natural widths, pushed to the left or to the right.
 QBoxLayout* Row(std::initializer_list<QWidget*> widgets, Qt::Alignment side = Qt::AlignLeft);
-// A label beside its field in the next row of `grid`, from `column` (two columns).
+// A label beside its field in `row` of `grid`, from `column` (two columns); the label is the
+// field's buddy.
 void AddField(QGridLayout* grid, int row, QWidget* label, QWidget* field, int column = 0);
 // `box` no wider than `characters` digits need.
 QLineEdit* Narrow(QLineEdit* box, int characters);
