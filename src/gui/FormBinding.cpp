@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QEvent>
 #include <QFocusEvent>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -175,6 +176,10 @@ void FormBinding::Bind(Control& control) {
       object = FindUnder<QComboBox>(root_, name);
       break;
     case ControlKind::Label:
+      // A frame's caption may head a group box instead of standing as a label.
+      object = FindUnder<QLabel>(root_, name);
+      if (!object) object = FindUnder<QGroupBox>(root_, name);
+      break;
     case ControlKind::Image:
     case ControlKind::Animation:
       object = FindUnder<QLabel>(root_, name);
@@ -455,6 +460,8 @@ void FormBinding::Copy(Entry& entry) {
       label->setAutoFillBackground(back.isValid());
       label->setPalette(palette);
     }
+  } else if (auto* group = As<QGroupBox>(object)) {
+    group->setTitle(LabelText(static_cast<Label&>(control).Caption()));
   }
 }
 

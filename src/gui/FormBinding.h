@@ -13,8 +13,9 @@
 //
 // Kinds and widgets: Button - QAbstractButton; CheckBox - QCheckBox; OptionButton - QRadioButton
 // (exclusivity is the model's); TextBox - QLineEdit or QPlainTextEdit; ListBox - QListWidget;
-// ComboBox - QComboBox; Label, Image, Animation - QLabel; ProgressBar - QProgressBar;
-// TabControl - QTabWidget; MenuItem - QAction or QMenu.
+// ComboBox - QComboBox; Label - QLabel, or QGroupBox for a frame's caption (its title, and its
+// enabled and visible state hold for the controls in it); Image, Animation - QLabel; ProgressBar -
+// QProgressBar; TabControl - QTabWidget; MenuItem - QAction or QMenu.
 #pragma once
 
 #include <QObject>

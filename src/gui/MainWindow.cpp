@@ -25,6 +25,7 @@
 #include <QVBoxLayout>
 
 #include "gui/QtText.h"
+#include "gui/pages/PageLayout.h"
 
 namespace tolmen {
 
@@ -85,12 +86,15 @@ FormDialog::FormDialog(Form& form, FormBinding::Runner run, QWidget* parent)
 }
 
 void FormDialog::reject() {
-  run_([this] { form_.RequestClose(); });
+  if (cancel_)
+    run_([this] { cancel_->Click(); });
+  else
+    run_([this] { form_.RequestClose(); });
 }
 
 void FormDialog::closeEvent(QCloseEvent* event) {
   event->ignore();
-  reject();
+  run_([this] { form_.RequestClose(); });
 }
 
 MainWindow::MainWindow(ScreenModel& model, WindowModel& window, QWidget* parent)
@@ -101,8 +105,8 @@ MainWindow::MainWindow(ScreenModel& model, WindowModel& window, QWidget* parent)
   BuildCentral();
   BuildOptionsDialog();
   BuildSetupDialog();
-  // Wide enough for all six page tabs, with room for the pages to come.
-  resize(760, 520);
+  // The size the pages are laid out for; they grow with the window.
+  resize(1024, 720);
   bindings_.push_back(std::make_unique<FormBinding>(model.frmMain, *this, Runner()));
   bindings_.push_back(std::make_unique<FormBinding>(model.frmOptions, *optionsDialog_, Runner()));
   bindings_.push_back(std::make_unique<FormBinding>(model.frmSetup, *setupDialog_, Runner()));
@@ -168,9 +172,7 @@ void MainWindow::BuildCentral() {
   for (int index = 0; index < form.tabDlg.TabCount(); ++index) {
     auto* page = new QWidget;
     page->setObjectName(QString("tabDlgPage%1").arg(index));
-    auto* pageLayout = new QVBoxLayout(page);
     BuildPage(index, page);
-    pageLayout->addStretch();
     auto* scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
@@ -189,145 +191,27 @@ void MainWindow::BuildCentral() {
   setCentralWidget(central);
 }
 
-namespace {
-
-// A widget of the right kind for a page's control.
-QWidget* WidgetFor(Control& control) {
-  switch (control.Kind()) {
-    case ControlKind::Button:
-      return Named<QPushButton>(control);
-    case ControlKind::CheckBox:
-      return Named<QCheckBox>(control);
-    case ControlKind::OptionButton:
-      return Named<QRadioButton>(control);
-    case ControlKind::TextBox:
-      return Named<QLineEdit>(control);
-    case ControlKind::ListBox:
-      return Named<QListWidget>(control);
-    case ControlKind::ComboBox: {
-      auto* combo = Named<QComboBox>(control);
-      combo->setEditable(static_cast<ComboBox&>(control).Editable());
-      combo->setMinimumContentsLength(20);
-      return combo;
-    }
-    case ControlKind::ProgressBar:
-      return Named<QProgressBar>(control);
-    default: {
-      auto* label = Named<QLabel>(control);
-      label->setWordWrap(true);
-      // Frames ("fra...") head a group of controls.
-      if (control.Name().rfind("fra", 0) == 0) {
-        QFont font = label->font();
-        font.setBold(true);
-        label->setFont(font);
-      }
-      return label;
-    }
-  }
-}
-
-}  // namespace
-
 void MainWindow::BuildPage(int index, QWidget* page) {
-  MainForm& form = model_.frmMain;
-  auto* layout = static_cast<QVBoxLayout*>(page->layout());
-  if (index == MainForm::kTabTransfer) {
-    auto* heading = Named<QLabel>(form.lblHeading);
-    QFont font = heading->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.4);
-    heading->setFont(font);
-    layout->addWidget(heading);
-    for (int line : form.lblProgress.Indexes()) {
-      auto* label = Named<QLabel>(form.lblProgress(line));
-      label->setWordWrap(true);
-      layout->addWidget(label);
-    }
-    layout->addWidget(Named<QProgressBar>(form.ProgressBar1));
-    animation_ = Named<QLabel>(form.Animation1);
-    animation_->setAlignment(Qt::AlignCenter);
-    layout->addWidget(animation_);
-  }
-  // The page's other controls in the order they were registered, two to a row: a label ("lbl...")
-  // beside the control it names, everything else on a row of its own.
-  auto* grid = new QGridLayout;
-  int row = 0;
-  QWidget* pendingLabel = nullptr;
-  for (Control* control : form.AllControls()) {
-    if (control->Page() != index || control->PageOwner() != &form.tabDlg) continue;
-    if (control == &form.lblHeading || control == &form.ProgressBar1 ||
-        control == &form.Animation1 || control->Name() == "lblProgress")
-      continue;
-    QWidget* widget = WidgetFor(*control);
-    const bool isLabel =
-        control->Kind() == ControlKind::Label && control->Name().rfind("lbl", 0) == 0;
-    if (pendingLabel && !isLabel && control->Kind() != ControlKind::Button) {
-      grid->addWidget(pendingLabel, row, 0);
-      grid->addWidget(widget, row++, 1);
-      pendingLabel = nullptr;
-      continue;
-    }
-    if (pendingLabel) grid->addWidget(pendingLabel, row++, 0, 1, 2);
-    pendingLabel = nullptr;
-    if (isLabel) {
-      pendingLabel = widget;
-      continue;
-    }
-    grid->addWidget(widget, row++, 0, 1, 2);
-  }
-  if (pendingLabel) grid->addWidget(pendingLabel, row++, 0, 1, 2);
-  layout->addLayout(grid);
+  static constexpr void (*kLayouts[])(MainWindow&, QWidget*) = {
+      BuildOpenPage,          BuildToPastelPage, BuildToMaximizerPage, BuildRecurringBillingPage,
+      BuildCasualBillingPage, BuildTransferPage};
+  static_assert(MainForm::kTabOpen == 0 && MainForm::kTabToPastel == 1 &&
+                MainForm::kTabToMaximizer == 2 && MainForm::kTabRecurringBilling == 3 &&
+                MainForm::kTabCasualBilling == 4 && MainForm::kTabTransfer == 5);
+  kLayouts[index](*this, page);
+  if (index == MainForm::kTabTransfer) animation_ = page->findChild<QLabel*>("Animation1");
 }
 
 void MainWindow::BuildOptionsDialog() {
-  OptionsForm& form = model_.frmOptions;
-  optionsDialog_ = new FormDialog(form, Runner(), this);
-  auto* layout = new QVBoxLayout(optionsDialog_);
-  layout->addWidget(Named<QCheckBox>(form.Check1));
-
-  auto* schedule = new QGridLayout;
-  schedule->addWidget(Named<QRadioButton>(form.optMethod(0)), 0, 0);
-  schedule->addWidget(Named<QLabel>(form.lblTime), 0, 1);
-  schedule->addWidget(Named<QLineEdit>(form.txtTime), 0, 2);
-  schedule->addWidget(Named<QRadioButton>(form.optMethod(1)), 1, 0);
-  auto* interval = new QHBoxLayout;
-  interval->addWidget(Named<QLabel>(form.lblHours));
-  interval->addWidget(Named<QLineEdit>(form.txtHours));
-  interval->addWidget(Named<QLabel>(form.lblMins));
-  interval->addWidget(Named<QLineEdit>(form.txtMins));
-  schedule->addLayout(interval, 1, 1, 1, 2);
-  layout->addLayout(schedule);
-
-  layout->addWidget(Named<QLabel>(form.lblTemplates));
-  layout->addWidget(Named<QListWidget>(form.lstTemplates));
-  auto* listButtons = new QHBoxLayout;
-  listButtons->addWidget(Named<QPushButton>(form.cmdBrowse));
-  listButtons->addWidget(Named<QPushButton>(form.cmdRemove));
-  listButtons->addStretch();
-  layout->addLayout(listButtons);
-  layout->addWidget(Named<QCheckBox>(form.Check3));
-
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(Named<QPushButton>(form.cmdOK));
-  buttons->addWidget(Named<QPushButton>(form.cmdCancel));
-  layout->addLayout(buttons);
+  optionsDialog_ = new FormDialog(model_.frmOptions, Runner(), this);
+  optionsDialog_->SetCancelButton(&model_.frmOptions.cmdCancel);
+  BuildOptionsLayout(model_.frmOptions, optionsDialog_);
 }
 
 void MainWindow::BuildSetupDialog() {
-  SetupForm& form = model_.frmSetup;
-  setupDialog_ = new FormDialog(form, Runner(), this);
-  auto* layout = new QVBoxLayout(setupDialog_);
-  auto* fields = new QFormLayout;
-  fields->addRow(Named<QLabel>(form.lblDocument), Named<QComboBox>(form.cboDocument));
-  fields->addRow(Named<QLabel>(form.lblStatement), Named<QComboBox>(form.cboStatement));
-  fields->addRow(Named<QLabel>(form.lblMessage), Named<QComboBox>(form.cboMessage));
-  layout->addLayout(fields);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(Named<QPushButton>(form.cmdOk));
-  buttons->addWidget(Named<QPushButton>(form.cmdCancel));
-  layout->addLayout(buttons);
+  setupDialog_ = new FormDialog(model_.frmSetup, Runner(), this);
+  setupDialog_->SetCancelButton(&model_.frmSetup.cmdCancel);
+  BuildSetupLayout(model_.frmSetup, setupDialog_);
 }
 
 QWidget* MainWindow::Page(int index) const {

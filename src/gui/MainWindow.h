@@ -6,10 +6,9 @@
 // to the form's RequestClose - for frmMain through the WindowModel, so that the application's
 // close hook decides. F1 anywhere runs cmdHelp's click handler.
 //
-// Page N of the tab control is a QWidget "tabDlgPageN" in a scroll area. BuildPage() creates a
-// widget for each control registered on the page, named after it, in the order of registration
-// (a label beside the control that follows it), before the binding looks for them. A control
-// without a widget is listed by Unbound().
+// Page N of the tab control is a QWidget "tabDlgPageN" in a scroll area. BuildPage() lays the
+// page out by hand (gui/pages/), a widget for each control registered on the page, named after
+// it, before the binding looks for them. A control without a widget is listed by Unbound().
 #pragma once
 
 #include <QDialog>
@@ -27,13 +26,17 @@ class QTabWidget;
 
 namespace tolmen {
 
-// A dialog whose close box and Escape key ask its form to close instead of closing it.
+// A dialog whose close box asks its form to close instead of closing it. Escape clicks the
+// cancel button when the dialog has one, and asks the form to close otherwise; Enter clicks the
+// form's default button.
 class FormDialog : public QDialog {
   Q_OBJECT
 
  public:
   FormDialog(Form& form, FormBinding::Runner run, QWidget* parent);
   Form& BoundForm() const { return form_; }
+  // `button` must outlive the dialog.
+  void SetCancelButton(Button* button) { cancel_ = button; }
   void reject() override;
 
  protected:
@@ -42,6 +45,7 @@ class FormDialog : public QDialog {
  private:
   Form& form_;
   FormBinding::Runner run_;
+  Button* cancel_ = nullptr;
 };
 
 class MainWindow : public QMainWindow {
