@@ -126,5 +126,42 @@ TEST(Update, AKeyThatMayNotChangeRefusesEvenAChangeOfCase) {
   EXPECT_EQ(f.data, Member(10, "SMYTHE", "A", "note"));
 }
 
+// Numbers come from one counter: a record's id (its position) and a duplicate's place. Neither
+// is given twice, across transactions, whether the counter was last used by an insert, an update
+// that moved a record into another group, or a delete of the last record.
+TEST(Update, NumbersAreNeverGivenTwice) {
+  TempDir dir;
+  const std::string path = dir.File("staff.dat");
+  RecordEngine engine;
+  ASSERT_EQ(CreateFile(engine, path, Staff(true)), 0);
+  auto position = [](Client& f) {
+    EXPECT_EQ(f.Get(kOpGetPosition, 0, 4), 0);
+    uint32_t p = 0;
+    std::memcpy(&p, f.data.data(), 4);
+    return p;
+  };
+  {
+    Client f(engine);
+    ASSERT_EQ(f.Open(path), 0);
+    ASSERT_EQ(f.Insert(Member(1, "SMITH", "A")), 0);
+    ASSERT_EQ(f.Insert(Member(2, "JONES", "B")), 0);
+    ASSERT_EQ(f.Insert(Member(3, "BROWN", "C")), 0);
+    EXPECT_EQ(position(f), 3u);
+    ASSERT_EQ(f.Call(kOpDelete), 0);  // the last record: its number stays used
+    ASSERT_EQ(f.GetKey(kOpGetEqual, Le<int32_t>(2), 0), 0);
+    ASSERT_EQ(f.Update(Member(2, "SMITH", "B")), 0);  // a new place among the SMITHs: 4
+    ASSERT_EQ(f.Call(kOpClose), 0);
+  }
+  Client f(engine);  // the counter is read again from the file
+  ASSERT_EQ(f.Open(path), 0);
+  ASSERT_EQ(f.Insert(Member(5, "SMITH", "E")), 0);
+  EXPECT_EQ(position(f), 5u);
+  std::vector<int32_t> smiths;
+  for (int16_t st = f.GetKey(kOpGetEqual, "SMITH   ", 1); st == 0; st = f.Get(kOpGetNext, 1)) {
+    smiths.push_back(IdOf(f.data));
+  }
+  EXPECT_EQ(smiths, (std::vector<int32_t>{1, 2, 5}));
+}
+
 }  // namespace
 }  // namespace tolmen::test

@@ -251,11 +251,15 @@ void Store::InTransaction(const std::function<void()>& work) {
 void Store::SaveField(size_t place, size_t field, const std::string& value, double lastChange) {
   const auto seq = static_cast<int64_t>(place + 1);
   InTransaction([&] {
-    Statement erase(Kept("DELETE FROM client_fields WHERE seq = ? AND field = ?"));
-    erase.Bind(1, seq).Bind(2, std::string(kClientFields[field])).Run();
-    if (!value.empty()) {
-      Statement insert(Kept("INSERT INTO client_fields VALUES(?, ?, ?)"));
-      insert.Bind(1, seq).Bind(2, std::string(kClientFields[field])).Bind(3, value).Run();
+    // A value in place of the old one is one row written, not one removed and one added.
+    if (value.empty()) {
+      Statement erase(Kept("DELETE FROM client_fields WHERE seq = ? AND field = ?"));
+      erase.Bind(1, seq).Bind(2, std::string(kClientFields[field])).Run();
+    } else {
+      Statement put(
+          Kept("INSERT INTO client_fields VALUES(?, ?, ?) "
+               "ON CONFLICT(seq, field) DO UPDATE SET value = excluded.value"));
+      put.Bind(1, seq).Bind(2, std::string(kClientFields[field])).Bind(3, value).Run();
     }
     SaveStamp(place, lastChange);
   });
@@ -264,11 +268,14 @@ void Store::SaveField(size_t place, size_t field, const std::string& value, doub
 void Store::SaveUdf(size_t place, size_t udf, const std::string& value, double lastChange) {
   const auto seq = static_cast<int64_t>(place + 1);
   InTransaction([&] {
-    Statement erase(Kept("DELETE FROM udf_values WHERE seq = ? AND udf = ?"));
-    erase.Bind(1, seq).Bind(2, static_cast<int64_t>(udf)).Run();
-    if (!value.empty()) {
-      Statement insert(Kept("INSERT INTO udf_values VALUES(?, ?, ?)"));
-      insert.Bind(1, seq).Bind(2, static_cast<int64_t>(udf)).Bind(3, value).Run();
+    if (value.empty()) {
+      Statement erase(Kept("DELETE FROM udf_values WHERE seq = ? AND udf = ?"));
+      erase.Bind(1, seq).Bind(2, static_cast<int64_t>(udf)).Run();
+    } else {
+      Statement put(
+          Kept("INSERT INTO udf_values VALUES(?, ?, ?) "
+               "ON CONFLICT(seq, udf) DO UPDATE SET value = excluded.value"));
+      put.Bind(1, seq).Bind(2, static_cast<int64_t>(udf)).Bind(3, value).Run();
     }
     SaveStamp(place, lastChange);
   });

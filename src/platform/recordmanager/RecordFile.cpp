@@ -636,6 +636,7 @@ int16_t RecordFile::Update(int64_t rid, char* record, size_t length, int key, Ro
     if (keys_[k].duplicates) {
       // A record whose value changes joins the end of its new group of equal values.
       const int64_t seq = changed[k] ? nextSeq_++ : oldSeq[k];
+      if (changed[k]) seqTaken_ = true;
       sqlite3_bind_int64(stmt, ++p, seq);
       if (static_cast<int>(k) == key) keySeq = seq;
     }
@@ -661,6 +662,7 @@ int16_t RecordFile::Delete(int64_t rid) {
   sqlite3_reset(stmt);
   if (rc != SQLITE_DONE) return Failed(rc);
   ++generation_;
+  seqTaken_ = true;  // the record's number is not to come back
   return sqlite3_changes(db_) == 0 ? kStatusInvalidPositioning : kStatusOk;
 }
 
@@ -721,6 +723,7 @@ int16_t RecordFile::Begin() {
   sqlite3_stmt* stmt = FileStmt(kLoadSeq);
   int rc = stmt ? sqlite3_step(stmt) : SQLITE_ERROR;
   if (rc == SQLITE_ROW) nextSeq_ = storedSeq_ = sqlite3_column_int64(stmt, 0);
+  seqTaken_ = false;
   if (stmt) sqlite3_reset(stmt);
   inTransaction_ = true;
   if (rc != SQLITE_ROW) {
@@ -731,7 +734,8 @@ int16_t RecordFile::Begin() {
 }
 
 int16_t RecordFile::StoreSeq() {
-  if (nextSeq_ == storedSeq_) return kStatusOk;
+  // Numbers that went to new records only are found again from the largest record id.
+  if (!seqTaken_ || nextSeq_ == storedSeq_) return kStatusOk;
   sqlite3_stmt* stmt = FileStmt(kStoreSeq);
   if (!stmt) return kStatusIoError;
   sqlite3_bind_int64(stmt, 1, nextSeq_);

@@ -193,6 +193,9 @@ class RecordFile {
   int64_t nextSeq_ = 0;
   int64_t storedSeq_ = 0;
   int stepErrno_ = 0;
+  // The counter gave a number in this transaction that no new record keeps: a duplicate's new
+  // place, or a deleted record's. Only then does Commit store it.
+  bool seqTaken_ = false;
 };
 
 // The status for an SQLite result code.
