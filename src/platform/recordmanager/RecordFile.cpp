@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -353,6 +354,7 @@ std::string RecordFile::KeySql(int key, KeyStatement which) const {
   const bool dup = keys_[n].duplicates;
   const std::string k = Col('k', n), d = Col('d', n);
   if (which == kDistinct) return "SELECT count(DISTINCT " + k + ") FROM tolmen_record";
+  if (which == kPlace) return "SELECT " + d + " FROM tolmen_record WHERE r = ?1";
   const std::string select = "SELECT r, " + (dup ? d : std::string("0")) + ", v FROM tolmen_record";
   const std::string up = " ORDER BY " + k + (dup ? ", " + d : "") + " LIMIT ?1";
   const std::string down =
@@ -384,7 +386,7 @@ std::string RecordFile::KeySql(int key, KeyStatement which) const {
 // Insert and Update share their parameters: ?1 the id, then per key its value and, for a key
 // with duplicates, its place; the record last.
 std::string RecordFile::FileSql(FileStatement which) const {
-  std::string cols = "r", values = "?1", same, places = "r";
+  std::string cols = "r", values = "?1", same;
   int p = 1;
   std::string old = "SELECT v";
   for (size_t k = 0; k < keys_.size(); ++k) {
@@ -395,10 +397,7 @@ std::string RecordFile::FileSql(FileStatement which) const {
       values += ", " + param;
       // The unary + keeps SQLite on the row id rather than a key's index.
       if (pass == 0) same += " AND +" + c + " = " + param;
-      if (pass == 1) {
-        old += ", " + c;
-        places += ", " + c;
-      }
+      if (pass == 1) old += ", " + c;
     }
   }
   const std::string v = Param(++p);
@@ -406,7 +405,7 @@ std::string RecordFile::FileSql(FileStatement which) const {
     case kInsert:
       return "INSERT INTO tolmen_record(" + cols + ", v) VALUES(" + values + ", " + v + ")";
     case kUpdateData:
-      return "UPDATE tolmen_record SET v = " + v + " WHERE r = ?1" + same + " RETURNING " + places;
+      return "UPDATE tolmen_record SET v = " + v + " WHERE r = ?1" + same;
     case kOldRow:
       return old + " FROM tolmen_record WHERE r = ?1";
     case kDelete:
@@ -420,7 +419,7 @@ std::string RecordFile::FileSql(FileStatement which) const {
     case kRollback:
       return "ROLLBACK";
     case kLoadSeq:
-      return "SELECT max(next_seq, coalesce((SELECT max(r) FROM tolmen_record), 0) + 1) "
+      return "SELECT next_seq, coalesce((SELECT max(r) FROM tolmen_record), 0) + 1 "
              "FROM tolmen_file WHERE id = 1";
     default:
       return "UPDATE tolmen_file SET next_seq = ?1 WHERE id = 1";
@@ -556,7 +555,6 @@ int16_t RecordFile::UpdateData(int64_t rid, const char* record, size_t length, i
   done = false;
   sqlite3_stmt* stmt = FileStmt(kUpdateData);
   if (!stmt) return kStatusIoError;
-  ResetOnExit reset(stmt);
   int p = 1;
   sqlite3_bind_int64(stmt, p, rid);
   for (size_t k = 0; k < keys_.size(); ++k) {
@@ -565,24 +563,24 @@ int16_t RecordFile::UpdateData(int64_t rid, const char* record, size_t length, i
     if (keys_[k].duplicates) ++p;
   }
   sqlite3_bind_blob(stmt, ++p, record, static_cast<int>(length), SQLITE_STATIC);
-  int rc = Step(stmt);
-  if (rc == SQLITE_DONE) return kStatusOk;  // gone, or a key changed
-  if (rc != SQLITE_ROW) return Failed(rc);
-  int64_t keySeq = 0;
-  for (size_t k = 0, col = 0; k < keys_.size(); ++k) {
-    if (keys_[k].duplicates) {
-      ++col;
-      if (static_cast<int>(k) == key) keySeq = sqlite3_column_int64(stmt, static_cast<int>(col));
-    }
-  }
-  rc = Step(stmt);
+  const int rc = Step(stmt);
+  sqlite3_reset(stmt);
   if (rc != SQLITE_DONE) return Failed(rc);
+  if (sqlite3_changes(db_) == 0) return kStatusOk;  // gone, or a key changed
   ++generation_;
   done = true;
-  if (key >= 0) {
-    row.rid = rid;
-    row.seq = keySeq;
-    row.key = encoded_[static_cast<size_t>(key)];
+  if (key < 0) return kStatusOk;
+  row.rid = rid;
+  row.seq = 0;
+  row.key = encoded_[static_cast<size_t>(key)];
+  if (keys_[static_cast<size_t>(key)].duplicates) {
+    // The place did not change; it is read only when the caller moves along that key.
+    sqlite3_stmt* place = KeyStmt(key, kPlace);
+    if (!place) return kStatusIoError;
+    ResetOnExit reset(place);
+    sqlite3_bind_int64(place, 1, rid);
+    if (sqlite3_step(place) != SQLITE_ROW) return kStatusIoError;
+    row.seq = sqlite3_column_int64(place, 0);
   }
   return kStatusOk;
 }
@@ -722,7 +720,11 @@ int16_t RecordFile::Begin() {
   if (int16_t st = Exec(kBegin)) return st;
   sqlite3_stmt* stmt = FileStmt(kLoadSeq);
   int rc = stmt ? sqlite3_step(stmt) : SQLITE_ERROR;
-  if (rc == SQLITE_ROW) nextSeq_ = storedSeq_ = sqlite3_column_int64(stmt, 0);
+  if (rc == SQLITE_ROW) {
+    // The stored counter, or past the largest id when inserts since did not store it.
+    storedSeq_ = sqlite3_column_int64(stmt, 0);
+    nextSeq_ = std::max<int64_t>(storedSeq_, sqlite3_column_int64(stmt, 1));
+  }
   seqTaken_ = false;
   if (stmt) sqlite3_reset(stmt);
   inTransaction_ = true;

@@ -133,6 +133,7 @@ class RecordFile {
     kBefore,
     kById,
     kDistinct,
+    kPlace,
     kKeyStatements
   };
   enum FileStatement : int {
