@@ -4,9 +4,9 @@
 // clock, so that the system's own one-second waits cost nothing). Each client has its account
 // code in Maximizer, so no prompt stops the run.
 //
-//   bench_transfer [N...]        three runs per N (default 1000 and 10000), each in its own
-//                                process: without links to Maximizer, with a dozen, and with
-//                                monthly billing
+//   bench_transfer [N...]        four runs per N (default 1000 and 10000), each in its own
+//                                process: without links to Maximizer, with a dozen, with
+//                                monthly billing, and with both (the whole run's rate)
 //
 // With links, every client also gets twelve Pastel figures written into its UDFs. Half the
 // clients have five-character codes whose debtors are in Pastel (the figures are read from the
@@ -102,14 +102,31 @@ std::string Code(int i, bool links) {
   return code;
 }
 
-enum class Mode { kPlain, kLinks, kBilling };
+enum class Mode { kPlain, kLinks, kBilling, kLinksAndBilling };
 
 const char* ModeName(Mode mode) {
-  return mode == Mode::kLinks ? "links" : mode == Mode::kBilling ? "billing" : "none";
+  switch (mode) {
+    case Mode::kLinks:
+      return "links";
+    case Mode::kBilling:
+      return "billing";
+    case Mode::kLinksAndBilling:
+      return "links+billing";
+    case Mode::kPlain:
+      break;
+  }
+  return "none";
+}
+
+bool HasLinks(Mode mode) {
+  return mode == Mode::kLinks || mode == Mode::kLinksAndBilling;
+}
+bool HasBilling(Mode mode) {
+  return mode == Mode::kBilling || mode == Mode::kLinksAndBilling;
 }
 
 json Book(int clients, Mode mode) {
-  const bool links = mode == Mode::kLinks;
+  const bool links = HasLinks(mode);
   json list = json::array();
   for (int i = 1; i <= clients; ++i) {
     char id[16], name[32];
@@ -129,7 +146,7 @@ json Book(int clients, Mode mode) {
                     {"Phone_2_Description", "Fax"},
                     {"E-mail Address", std::string("accounts@") + id + ".example"},
                     {"udfs", {{"Account Number", code}, {"Customer Category", "Retail"}}}});
-    if (mode == Mode::kBilling && i % 3 != 0) list.back()["udfs"]["Date Billed"] = "2 Nov 2026";
+    if (HasBilling(mode) && i % 3 != 0) list.back()["udfs"]["Date Billed"] = "2 Nov 2026";
   }
   json udfs = {{{"name", "Account Number"}, {"type", "Alphanumeric"}},
                {{"name", "Customer Category"},
@@ -137,7 +154,7 @@ json Book(int clients, Mode mode) {
                 {"items", {"Retail", "Wholesale", "Farming"}}}};
   for (size_t link = 0; links && link < kLinkRows.size(); ++link)
     udfs.push_back({{"name", LinkUdf(link)}, {"type", "Numeric"}});
-  if (mode == Mode::kBilling) udfs.push_back({{"name", "Date Billed"}, {"type", "Date"}});
+  if (HasBilling(mode)) udfs.push_back({{"name", "Date Billed"}, {"type", "Date"}});
   return {{"name", "Bench Book"}, {"udfs", udfs}, {"clients", list}};
 }
 
@@ -232,7 +249,7 @@ class MemorySampler {
 
 // The child: Tolmen alone, over the world the parent made in `folder`.
 int RunTolmen(const fs::path& folder, int clients, Mode mode) {
-  const bool links = mode == Mode::kLinks;
+  const bool links = HasLinks(mode);
   const long before = StatusKilobytes("VmHWM");
   MemorySampler sampler;
   VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
@@ -257,7 +274,7 @@ int RunTolmen(const fs::path& folder, int clients, Mode mode) {
   long lines = 0;
   for (std::string line; std::getline(csv, line);) ++lines;
   const int sent = links ? clients + 1 : 0;
-  const int invoices = mode == Mode::kBilling ? clients / 3 : 0;
+  const int invoices = HasBilling(mode) ? clients / 3 : 0;
   if (lines != clients + 1 || app.run.ClientsProcessed != clients + 1 ||
       app.run.BalancesSent != sent || app.run.InvoiceCount != invoices) {
     std::cerr << "bench_transfer: " << lines << " lines, " << app.run.ClientsProcessed
@@ -270,15 +287,15 @@ int RunTolmen(const fs::path& folder, int clients, Mode mode) {
       "%5.1f MB, "
       "mapped files %5.1f MB\n",
       clients, links ? kLinkRows.size() : 0,
-      mode == Mode::kBilling ? (", " + std::to_string(invoices) + " invoices").c_str() : "",
-      seconds, clients / seconds, StatusKilobytes("VmHWM") / 1024.0, before / 1024.0,
+      HasBilling(mode) ? (", " + std::to_string(invoices) + " invoices").c_str() : "", seconds,
+      clients / seconds, StatusKilobytes("VmHWM") / 1024.0, before / 1024.0,
       sampler.Anon() / 1024.0, sampler.File() / 1024.0);
   return 0;
 }
 
 // The parent: the world for N clients, maxsim serving it, and the child.
 int Measure(int clients, Mode mode) {
-  const bool links = mode == Mode::kLinks;
+  const bool links = HasLinks(mode);
   const fs::path folder =
       fs::temp_directory_path() / ("tolmen-bench-transfer-" + std::to_string(::getpid()));
   fs::remove_all(folder);
@@ -289,7 +306,7 @@ int Measure(int clients, Mode mode) {
   ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
 
   std::ofstream(folder / "book.json") << Book(clients, mode).dump();
-  if (mode == Mode::kBilling) std::ofstream(folder / "settings.ini") << "[Billing]\nRetail=100\n";
+  if (HasBilling(mode)) std::ofstream(folder / "settings.ini") << "[Billing]\nRetail=100\n";
   if (Reap(Spawn(
           {maxsim, "init", (folder / "db").string(), "--from", (folder / "book.json").string()},
           nullptr)) != 0) {
@@ -310,7 +327,7 @@ int Measure(int clients, Mode mode) {
   for (size_t link = 0; links && link < kLinkRows.size(); ++link)
     linkLines += "To Max: " + kLinkRows[link] + "| => " + LinkUdf(link) + "| (Number)\r\n";
   text = Replace(text, "@LINKS@", linkLines);
-  text = Replace(text, "@BILLING@", mode == Mode::kBilling ? kBilling : "Billing Period: 0\r\n");
+  text = Replace(text, "@BILLING@", HasBilling(mode) ? kBilling : "Billing Period: 0\r\n");
   std::ofstream(folder / "home/run.KTF", std::ios::binary) << text;
 
   int out = -1;
@@ -350,16 +367,17 @@ int main(int argc, char** argv) {
   if (argc == 5 && std::string(argv[1]) == "--run") {
     const std::string mode = argv[4];
     return tolmen::bench::RunTolmen(argv[2], std::atoi(argv[3]),
-                                    mode == "links"     ? Mode::kLinks
-                                    : mode == "billing" ? Mode::kBilling
-                                                        : Mode::kPlain);
+                                    mode == "links"           ? Mode::kLinks
+                                    : mode == "billing"       ? Mode::kBilling
+                                    : mode == "links+billing" ? Mode::kLinksAndBilling
+                                                              : Mode::kPlain);
   }
   std::vector<int> sizes;
   for (int i = 1; i < argc; ++i) sizes.push_back(std::atoi(argv[i]));
   if (sizes.empty()) sizes = {1000, 10000};
   int status = 0;
   for (int clients : sizes)
-    for (Mode mode : {Mode::kPlain, Mode::kLinks, Mode::kBilling})
+    for (Mode mode : {Mode::kPlain, Mode::kLinks, Mode::kBilling, Mode::kLinksAndBilling})
       if (clients > 0 && tolmen::bench::Measure(clients, mode) != 0) status = 1;
   return status;
 }

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "runtime/Conversion.h"
+#include "runtime/ReplaceFile.h"
 #include "runtime/Strings.h"
 #include "runtime/SystemPath.h"
 #include "runtime/Trap.h"
@@ -109,12 +110,10 @@ std::string AutoRunFileText(const BackgroundState& state, bool backgroundOn,
 void WriteAutoRunFile(const std::string& path, const BackgroundState& state, bool backgroundOn,
                       bool showFinalMessage) {
   const std::string text = AutoRunFileText(state, backgroundOn, showFinalMessage);
-  std::ofstream file(SystemPath(path), std::ios::binary | std::ios::trunc);
-  if (file) file << text;
-  if (file) file.flush();
-  if (!file) {
+  // Whole or not at all: a full disk leaves the old file as it was.
+  if (const int failure = ReplaceFile(SystemPath(path), text)) {
     // A file being created can only be missing its folder: 76 "Path not found".
-    const int number = errno == ENOENT || errno == 0 ? ENOTDIR : errno;
+    const int number = failure == ENOENT ? ENOTDIR : failure;
     throw ToRuntimeError(std::system_error(number, std::generic_category(), path));
   }
 }

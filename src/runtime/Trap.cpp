@@ -23,6 +23,7 @@ int NumberForErrno(int code) {
       return 76;
     case ENOSPC:
     case EDQUOT:
+    case EFBIG:  // the file may grow no more: full, as far as the writer can tell
       return 61;
     case EEXIST:
       return 58;

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "runtime/Cp1252.h"
+#include "runtime/ReplaceFile.h"
 #include "runtime/RuntimeError.h"
 #include "shell/ConfigFolder.h"
 
@@ -118,20 +119,9 @@ void Settings::Store() {
   namespace fs = std::filesystem;
   std::error_code ec;
   fs::create_directories(fs::path(path_).parent_path(), ec);
-  const std::string temporary = path_ + ".tmp";
-  {
-    std::ofstream file(temporary, std::ios::binary | std::ios::trunc);
-    file << out.str();
-    file.flush();
-    if (!file) {
-      file.close();
-      fs::remove(temporary, ec);
-      throw RuntimeError(75, "Path/File access error: " + path_);
-    }
-  }
-  fs::rename(temporary, path_, ec);
-  if (ec) {
-    fs::remove(temporary, ec);
+  // Whole or not at all: a full disk leaves the old file as it was.
+  if (const int failure = ReplaceFile(path_, out.str())) {
+    if (DiskFullErrno(failure)) throw RuntimeError(61, "Disk full: " + path_);
     throw RuntimeError(75, "Path/File access error: " + path_);
   }
 }

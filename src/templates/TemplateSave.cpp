@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "runtime/Conversion.h"
+#include "runtime/ReplaceFile.h"
 #include "runtime/SystemPath.h"
 #include "runtime/Trap.h"
 #include "shell/Tolmen.h"
@@ -116,29 +117,9 @@ class TemplateWriter {
   throw ToRuntimeError(std::system_error(number, std::generic_category(), path));
 }
 
-// Writes `bytes` to `path` with mode 0600: into a new temporary file beside it, which then
-// replaces the old file in one step. On failure the temporary file is removed and the old file
-// stays as it was.
+// Writes `bytes` to `path` with mode 0600, whole or not at all (the old file stays as it was).
 void WritePrivateFile(const std::string& path, const std::string& bytes) {
-  const std::string target = SystemPath(path);
-  std::string temporary = target + ".XXXXXX";
-  const int fd = ::mkstemp(temporary.data());  // mkstemp creates the file with mode 0600
-  if (fd < 0) ThrowFileError(errno, path);
-  int failure = 0;
-  if (::fchmod(fd, S_IRUSR | S_IWUSR) != 0) failure = errno;
-  for (size_t done = 0; failure == 0 && done < bytes.size();) {
-    const ssize_t written = ::write(fd, bytes.data() + done, bytes.size() - done);
-    if (written < 0) {
-      if (errno != EINTR) failure = errno;
-    } else {
-      done += static_cast<size_t>(written);
-    }
-  }
-  if (failure == 0 && ::fsync(fd) != 0) failure = errno;
-  if (::close(fd) != 0 && failure == 0) failure = errno;
-  if (failure == 0 && ::rename(temporary.c_str(), target.c_str()) != 0) failure = errno;
-  if (failure != 0) {
-    ::unlink(temporary.c_str());
+  if (const int failure = ReplaceFile(SystemPath(path), bytes, S_IRUSR | S_IWUSR)) {
     ThrowFileError(failure, path);
   }
 }

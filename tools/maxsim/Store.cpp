@@ -26,16 +26,31 @@ CREATE TABLE addresses(seq INTEGER, pos INTEGER, id INTEGER NOT NULL, name TEXT 
   "state_/_province" TEXT, country TEXT, "zip_/_postal_code" TEXT, PRIMARY KEY(seq, pos));
 )";
 
-// One prepared statement, finalized on the way out.
+sqlite3_stmt* PrepareOrThrow(sqlite3* db, const char* sql, unsigned flags) {
+  sqlite3_stmt* stmt = nullptr;
+  if (sqlite3_prepare_v3(db, sql, -1, flags, &stmt, nullptr) != SQLITE_OK) {
+    sqlite3_finalize(stmt);
+    throw std::runtime_error(std::string("store: ") + sqlite3_errmsg(db));
+  }
+  return stmt;
+}
+
+// One prepared statement, finalized on the way out; or one the store keeps (Store::Kept), reset
+// and cleared on the way out.
 class Statement {
  public:
-  Statement(sqlite3* db, const char* sql) {
-    if (sqlite3_prepare_v2(db, sql, -1, &stmt_, nullptr) != SQLITE_OK)
-      throw std::runtime_error(std::string("store: ") + sqlite3_errmsg(db));
-  }
+  Statement(sqlite3* db, const char* sql) : stmt_(PrepareOrThrow(db, sql, 0)), owned_(true) {}
+  explicit Statement(sqlite3_stmt* kept) : stmt_(kept), owned_(false) {}
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
-  ~Statement() { sqlite3_finalize(stmt_); }
+  ~Statement() {
+    if (owned_) {
+      sqlite3_finalize(stmt_);
+    } else {
+      sqlite3_reset(stmt_);
+      sqlite3_clear_bindings(stmt_);
+    }
+  }
 
   Statement& Bind(int column, int64_t value) {
     sqlite3_bind_int64(stmt_, column, value);
@@ -73,6 +88,7 @@ class Statement {
 
  private:
   sqlite3_stmt* stmt_ = nullptr;
+  bool owned_;
 };
 
 sqlite3* OpenDb(const std::string& path, int flags) {
@@ -97,7 +113,14 @@ Store::Store(const std::string& path) {
 }
 
 Store::~Store() {
+  for (const auto& [sql, stmt] : kept_) sqlite3_finalize(stmt);
   sqlite3_close(db_);
+}
+
+sqlite3_stmt* Store::Kept(const char* sql) {
+  sqlite3_stmt*& stmt = kept_[sql];
+  if (!stmt) stmt = PrepareOrThrow(db_, sql, SQLITE_PREPARE_PERSISTENT);
+  return stmt;
 }
 
 void Store::Exec(const std::string& sql) {
@@ -210,15 +233,15 @@ AddressBook Store::Load() {
 }
 
 void Store::SaveStamp(size_t place, double lastChange) {
-  Statement stamp(db_, "UPDATE clients SET last_change = ? WHERE seq = ?");
+  Statement stamp(Kept("UPDATE clients SET last_change = ? WHERE seq = ?"));
   stamp.Bind(1, lastChange).Bind(2, static_cast<int64_t>(place + 1)).Run();
 }
 
 void Store::InTransaction(const std::function<void()>& work) {
-  Exec("BEGIN");
+  Statement(Kept("BEGIN")).Run();
   try {
     work();
-    Exec("COMMIT");
+    Statement(Kept("COMMIT")).Run();
   } catch (...) {
     sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
     throw;
@@ -228,11 +251,15 @@ void Store::InTransaction(const std::function<void()>& work) {
 void Store::SaveField(size_t place, size_t field, const std::string& value, double lastChange) {
   const auto seq = static_cast<int64_t>(place + 1);
   InTransaction([&] {
-    Statement erase(db_, "DELETE FROM client_fields WHERE seq = ? AND field = ?");
-    erase.Bind(1, seq).Bind(2, std::string(kClientFields[field])).Run();
-    if (!value.empty()) {
-      Statement insert(db_, "INSERT INTO client_fields VALUES(?, ?, ?)");
-      insert.Bind(1, seq).Bind(2, std::string(kClientFields[field])).Bind(3, value).Run();
+    // A value in place of the old one is one row written, not one removed and one added.
+    if (value.empty()) {
+      Statement erase(Kept("DELETE FROM client_fields WHERE seq = ? AND field = ?"));
+      erase.Bind(1, seq).Bind(2, std::string(kClientFields[field])).Run();
+    } else {
+      Statement put(
+          Kept("INSERT INTO client_fields VALUES(?, ?, ?) "
+               "ON CONFLICT(seq, field) DO UPDATE SET value = excluded.value"));
+      put.Bind(1, seq).Bind(2, std::string(kClientFields[field])).Bind(3, value).Run();
     }
     SaveStamp(place, lastChange);
   });
@@ -241,11 +268,14 @@ void Store::SaveField(size_t place, size_t field, const std::string& value, doub
 void Store::SaveUdf(size_t place, size_t udf, const std::string& value, double lastChange) {
   const auto seq = static_cast<int64_t>(place + 1);
   InTransaction([&] {
-    Statement erase(db_, "DELETE FROM udf_values WHERE seq = ? AND udf = ?");
-    erase.Bind(1, seq).Bind(2, static_cast<int64_t>(udf)).Run();
-    if (!value.empty()) {
-      Statement insert(db_, "INSERT INTO udf_values VALUES(?, ?, ?)");
-      insert.Bind(1, seq).Bind(2, static_cast<int64_t>(udf)).Bind(3, value).Run();
+    if (value.empty()) {
+      Statement erase(Kept("DELETE FROM udf_values WHERE seq = ? AND udf = ?"));
+      erase.Bind(1, seq).Bind(2, static_cast<int64_t>(udf)).Run();
+    } else {
+      Statement put(
+          Kept("INSERT INTO udf_values VALUES(?, ?, ?) "
+               "ON CONFLICT(seq, udf) DO UPDATE SET value = excluded.value"));
+      put.Bind(1, seq).Bind(2, static_cast<int64_t>(udf)).Bind(3, value).Run();
     }
     SaveStamp(place, lastChange);
   });

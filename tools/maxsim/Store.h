@@ -11,11 +11,13 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 
 #include "Model.h"
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace tolmen::maxsim {
 
@@ -44,8 +46,12 @@ class Store {
   void InTransaction(const std::function<void()>& work);
   void Fill(const AddressBook& book);
   void SaveStamp(size_t place, double lastChange);
+  // The statement of `sql` (a literal), prepared once and kept while the store is open: a field
+  // write runs five.
+  sqlite3_stmt* Kept(const char* sql);
 
   sqlite3* db_ = nullptr;
+  std::map<const char*, sqlite3_stmt*> kept_;
 };
 
 }  // namespace tolmen::maxsim

@@ -76,6 +76,8 @@ struct RecordEngine::Impl {
   int16_t Version(Call& c);
   int16_t Begin();
   int16_t End();
+  // End of a transaction over several files (EndIntent.h).
+  int16_t EndSeveral();
   int16_t Abort();
   void CloseAll();
   std::shared_ptr<SharedFile> Registered(dev_t device, ino_t inode);
@@ -127,6 +129,13 @@ int16_t RecordEngine::Impl::Write(const std::shared_ptr<SharedFile>& shared, Op 
     }
     if (int16_t st = f.Begin()) return st;
     if (transaction) {
+      // Every file but the first keeps what takes its part back, should End be cut short.
+      if (!transactionFiles.empty()) {
+        if (int16_t st = f.Track()) {
+          f.Rollback();
+          return st;
+        }
+      }
       transactionFiles.push_back(shared);
     } else {
       own = true;

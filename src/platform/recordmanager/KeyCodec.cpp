@@ -191,6 +191,23 @@ int16_t BuildKeyModels(const FileStat& stats, std::vector<KeyModel>& keys) {
   return kStatusOk;
 }
 
+bool EncodingKeepsBytes(const KeyModel& key) {
+  for (const SegmentStat& s : key.segments) {
+    if (s.flags & kKeyNoCase) return false;
+    switch (SegmentType(s)) {
+      case KeyType::String:
+      case KeyType::Integer:
+      case KeyType::UnsignedBinary:
+      case KeyType::Date:
+      case KeyType::Time:
+        break;
+      default:
+        return false;
+    }
+  }
+  return true;
+}
+
 void EncodeRecordKey(const KeyModel& key, const char* record, std::string& out) {
   for (const SegmentStat& s : key.segments) AppendSegment(out, s, Bytes(record + s.position - 1));
 }

@@ -41,6 +41,10 @@ KeyType SegmentType(const SegmentStat& segment);
 // unique key of its own.
 int16_t BuildKeyModels(const FileStat& stats, std::vector<KeyModel>& keys);
 
+// True when equal encoded values mean equal key bytes: no segment folds case, ignores bytes after
+// its end (ZSTRING, LSTRING) or makes two values equal (a FLOAT's -0 and +0, an AUTOINCREMENT's
+// sign).
+bool EncodingKeepsBytes(const KeyModel& key);
 // Appends the encoded key taken from a record (each segment at its position).
 // REQUIRES: the record holds the key's segments (checked when the file was opened).
 void EncodeRecordKey(const KeyModel& key, const char* record, std::string& out);

@@ -1,10 +1,12 @@
 #include "platform/recordmanager/RecordEngine.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <random>
 
 #include "platform/recordmanager/BtrCodes.h"
+#include "platform/recordmanager/EndIntent.h"
 #include "platform/recordmanager/EngineImpl.h"
 #include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/PathNoCase.h"
@@ -144,6 +146,10 @@ int16_t RecordEngine::Impl::Open(Call& c) {
     if (shared->exclusiveOpens > 0 || mode == kOpenExclusive) return kStatusFileLocked;
   } else {
     std::unique_ptr<RecordFile> file;
+    if (mode != kOpenReadOnly) {
+      // A transaction cut short in the middle of its End is finished first.
+      if (int16_t s = Recover(found, options)) return s;
+    }
     if (int16_t s = RecordFile::Open(found, options, file)) return s;
     shared = std::make_shared<SharedFile>();
     shared->file = std::move(file);
@@ -248,19 +254,65 @@ int16_t RecordEngine::Impl::Begin() {
 int16_t RecordEngine::Impl::End() {
   if (!transaction) return kStatusNoTransaction;
   int16_t status = kStatusOk;
-  for (const auto& s : transactionFiles) {
-    RecordFile& f = *s->file;
-    if (status == kStatusOk) {
-      if (!f.InTransaction()) {
-        status = kStatusIoError;  // SQLite dropped this file's part after a failed write
-      } else if ((status = f.Commit()) == kStatusOk) {
-        continue;
-      }
+  if (transactionFiles.size() > 1) {
+    status = EndSeveral();
+  } else if (!transactionFiles.empty()) {
+    RecordFile& f = *transactionFiles.front()->file;
+    if (!f.InTransaction()) {
+      status = kStatusIoError;  // SQLite dropped this file's part after a failed write
+    } else if ((status = f.Commit()) != kStatusOk) {
+      f.Rollback();
     }
-    if (f.InTransaction()) f.Rollback();
   }
   transactionFiles.clear();
   transaction = false;
+  return status;
+}
+
+int16_t RecordEngine::Impl::EndSeveral() {
+  auto rollBackAll = [this] {
+    for (const auto& s : transactionFiles) {
+      if (s->file->InTransaction()) s->file->Rollback();
+    }
+  };
+  EndIntent intent;
+  std::random_device random;
+  intent.mark = (random() & 0x7FFFFFFF) | 1;  // never 0, the mark of a file no End marked
+  int16_t status = kStatusOk;
+  for (size_t i = 0; i < transactionFiles.size() && status == kStatusOk; ++i) {
+    RecordFile& f = *transactionFiles[i]->file;
+    if (!f.InTransaction()) {
+      status = kStatusIoError;  // SQLite dropped this file's part after a failed write
+    } else if ((status = f.Mark(intent.mark)) == kStatusOk) {
+      if (i == 0) {
+        intent.decider = f.Path();
+      } else {
+        intent.parts.push_back({f.Path(), {}});
+        status = f.Undo(intent.parts.back().undo);
+      }
+    }
+  }
+  std::vector<int> locks;
+  if (status == kStatusOk) status = WriteIntent(intent, locks);
+  if (status != kStatusOk) {
+    rollBackAll();
+    RemoveIntent(intent, locks);
+    return status;
+  }
+  // The deciding file (the first to join) commits last: its commit is the transaction's.
+  for (size_t i = transactionFiles.size(); i-- > 0 && status == kStatusOk;) {
+    status = transactionFiles[i]->file->Commit();
+  }
+  if (status != kStatusOk) {
+    rollBackAll();
+    // Parts already committed are taken back; if that fails, the intent files stay for the
+    // next open to finish.
+    if (Settle(intent, options) != kStatusOk) {
+      for (const int fd : locks) ::close(fd);
+      return status;
+    }
+  }
+  RemoveIntent(intent, locks);
   return status;
 }
 

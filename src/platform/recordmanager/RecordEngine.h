@@ -24,7 +24,8 @@
 // - Insert returns the key in the key buffer and makes the new record current (key number -1:
 //   no currency change); an AUTOINCREMENT field holding 0 gets the next value, in the data
 //   buffer too. Update and Delete need a current record (8); Update refuses a change of a
-//   non-modifiable key (10) and a duplicate of a unique key (5), and keeps the record current.
+//   non-modifiable key (10) and a duplicate of a unique key (5), and keeps the record current; it
+//   writes only the record when no key changed, and only the changed keys otherwise.
 //   After Delete, Get Next and Previous continue from where the record was. A fixed-length file
 //   takes records of exactly its record length, a variable-length one records of at least it
 //   (22 otherwise).
@@ -49,11 +50,16 @@
 // its own SQLite database with its own connection (SQLite attaches at most 10 databases to one
 // connection, fewer than a set of accounts has files), so a file joins the transaction at its
 // first write: BEGIN IMMEDIATE on its connection. End commits the files one after another, Abort
-// rolls them all back. SQLite's journal keeps each file whole through a crash at any moment,
-// before or after its own commit; a crash in the middle of End can leave one file committed and
-// another not, and a power cut may lose the last commits (WAL with synchronous=NORMAL,
-// EngineOptions.h). Stop (25) and Reset (28) roll back and close every file, as does destroying
-// the engine.
+// rolls them all back.
+//
+// Durability: files are written with WAL and synchronous=NORMAL (EngineOptions.h). SQLite's log
+// keeps each file whole through a crash of the process or the machine at any moment. A
+// transaction over several files comes back all or none after a crash of the process, also one
+// in the middle of End: End leaves an intent file beside each file while it commits, and the next
+// Open of any of them finishes the transaction (EndIntent.h); a failed commit in End takes the
+// committed files back at once. A power cut may lose the last commits, of each file on its own:
+// commits are not synced until SQLite copies its log into the file. Stop (25) and Reset (28) roll
+// back and close every file, as does destroying the engine.
 //
 // Other processes may read the files at any time: between calls no statement is open. Get Next
 // and Previous read ahead a window of rows (8, doubling up to EngineOptions::windowRows) from one

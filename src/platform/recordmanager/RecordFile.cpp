@@ -1,9 +1,13 @@
+// The session extension of the system's SQLite records a file's changes in a transaction.
+#define SQLITE_ENABLE_SESSION 1
 #include "platform/recordmanager/RecordFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstring>
 
 #include <fmt/format.h>
@@ -162,8 +166,10 @@ RecordFile::RecordFile(sqlite3* db, const EngineOptions& options) : db_(db), opt
 
 RecordFile::~RecordFile() {
   if (inTransaction_) Rollback();
+  EndTracking();
   for (sqlite3_stmt* s : keyStmts_) sqlite3_finalize(s);
   for (sqlite3_stmt* s : fileStmts_) sqlite3_finalize(s);
+  for (const auto& [changed, s] : updateStmts_) sqlite3_finalize(s);
   sqlite3_close_v2(db_);
 }
 
@@ -311,6 +317,9 @@ int16_t RecordFile::LoadStat() {
   fileStmts_.assign(kFileStatements, nullptr);
   encoded_.resize(keys_.size());
   oldEncoded_.resize(keys_.size());
+  for (const KeyModel& k : keys_) {
+    if (!k.modifiable && !EncodingKeepsBytes(k)) compareOldRecord_ = true;
+  }
   // The insert names every column: a record table of another shape fails here.
   if (!FileStmt(kInsert)) return kStatusNotARecordFile;
   return kStatusOk;
@@ -345,6 +354,7 @@ std::string RecordFile::KeySql(int key, KeyStatement which) const {
   const bool dup = keys_[n].duplicates;
   const std::string k = Col('k', n), d = Col('d', n);
   if (which == kDistinct) return "SELECT count(DISTINCT " + k + ") FROM tolmen_record";
+  if (which == kPlace) return "SELECT " + d + " FROM tolmen_record WHERE r = ?1";
   const std::string select = "SELECT r, " + (dup ? d : std::string("0")) + ", v FROM tolmen_record";
   const std::string up = " ORDER BY " + k + (dup ? ", " + d : "") + " LIMIT ?1";
   const std::string down =
@@ -376,7 +386,7 @@ std::string RecordFile::KeySql(int key, KeyStatement which) const {
 // Insert and Update share their parameters: ?1 the id, then per key its value and, for a key
 // with duplicates, its place; the record last.
 std::string RecordFile::FileSql(FileStatement which) const {
-  std::string cols = "r", values = "?1", sets;
+  std::string cols = "r", values = "?1", same;
   int p = 1;
   std::string old = "SELECT v";
   for (size_t k = 0; k < keys_.size(); ++k) {
@@ -385,7 +395,8 @@ std::string RecordFile::FileSql(FileStatement which) const {
       const std::string param = Param(++p);
       cols += ", " + c;
       values += ", " + param;
-      sets += c + " = " + param + ", ";
+      // The unary + keeps SQLite on the row id rather than a key's index.
+      if (pass == 0) same += " AND +" + c + " = " + param;
       if (pass == 1) old += ", " + c;
     }
   }
@@ -393,8 +404,8 @@ std::string RecordFile::FileSql(FileStatement which) const {
   switch (which) {
     case kInsert:
       return "INSERT INTO tolmen_record(" + cols + ", v) VALUES(" + values + ", " + v + ")";
-    case kUpdate:
-      return "UPDATE tolmen_record SET " + sets + "v = " + v + " WHERE r = ?1";
+    case kUpdateData:
+      return "UPDATE tolmen_record SET v = " + v + " WHERE r = ?1" + same;
     case kOldRow:
       return old + " FROM tolmen_record WHERE r = ?1";
     case kDelete:
@@ -408,11 +419,26 @@ std::string RecordFile::FileSql(FileStatement which) const {
     case kRollback:
       return "ROLLBACK";
     case kLoadSeq:
-      return "SELECT max(next_seq, coalesce((SELECT max(r) FROM tolmen_record), 0) + 1) "
+      return "SELECT next_seq, coalesce((SELECT max(r) FROM tolmen_record), 0) + 1 "
              "FROM tolmen_file WHERE id = 1";
     default:
       return "UPDATE tolmen_file SET next_seq = ?1 WHERE id = 1";
   }
+}
+
+sqlite3_stmt* RecordFile::UpdateStmt(const std::vector<bool>& changed) {
+  sqlite3_stmt*& slot = updateStmts_[changed];
+  if (slot) return slot;
+  std::string sets;
+  int p = 1;
+  for (size_t k = 0; k < keys_.size(); ++k) {
+    for (int pass = 0; pass < (keys_[k].duplicates ? 2 : 1); ++pass) {
+      const std::string param = Param(++p);
+      if (changed[k]) sets += Col(pass == 0 ? 'k' : 'd', k) + " = " + param + ", ";
+    }
+  }
+  slot = Prepare("UPDATE tolmen_record SET " + sets + "v = " + Param(++p) + " WHERE r = ?1");
+  return slot;
 }
 
 int16_t RecordFile::CheckRecord(size_t length) const {
@@ -512,7 +538,7 @@ int16_t RecordFile::Insert(char* record, size_t length, int key, Row& row) {
     if (keys_[k].duplicates) sqlite3_bind_int64(stmt, ++p, rid);
   }
   sqlite3_bind_blob(stmt, ++p, record, static_cast<int>(length), SQLITE_STATIC);
-  const int rc = sqlite3_step(stmt);
+  const int rc = Step(stmt);
   sqlite3_reset(stmt);
   if (rc != SQLITE_DONE) return Failed(rc);
   ++generation_;
@@ -524,17 +550,57 @@ int16_t RecordFile::Insert(char* record, size_t length, int key, Row& row) {
   return kStatusOk;
 }
 
+int16_t RecordFile::UpdateData(int64_t rid, const char* record, size_t length, int key, Row& row,
+                               bool& done) {
+  done = false;
+  sqlite3_stmt* stmt = FileStmt(kUpdateData);
+  if (!stmt) return kStatusIoError;
+  int p = 1;
+  sqlite3_bind_int64(stmt, p, rid);
+  for (size_t k = 0; k < keys_.size(); ++k) {
+    sqlite3_bind_blob(stmt, ++p, encoded_[k].data(), static_cast<int>(encoded_[k].size()),
+                      SQLITE_STATIC);
+    if (keys_[k].duplicates) ++p;
+  }
+  sqlite3_bind_blob(stmt, ++p, record, static_cast<int>(length), SQLITE_STATIC);
+  const int rc = Step(stmt);
+  sqlite3_reset(stmt);
+  if (rc != SQLITE_DONE) return Failed(rc);
+  if (sqlite3_changes(db_) == 0) return kStatusOk;  // gone, or a key changed
+  ++generation_;
+  done = true;
+  if (key < 0) return kStatusOk;
+  row.rid = rid;
+  row.seq = 0;
+  row.key = encoded_[static_cast<size_t>(key)];
+  if (keys_[static_cast<size_t>(key)].duplicates) {
+    // The place did not change; it is read only when the caller moves along that key.
+    sqlite3_stmt* place = KeyStmt(key, kPlace);
+    if (!place) return kStatusIoError;
+    ResetOnExit reset(place);
+    sqlite3_bind_int64(place, 1, rid);
+    if (sqlite3_step(place) != SQLITE_ROW) return kStatusIoError;
+    row.seq = sqlite3_column_int64(place, 0);
+  }
+  return kStatusOk;
+}
+
 int16_t RecordFile::Update(int64_t rid, char* record, size_t length, int key, Row& row) {
   if (int16_t st = CheckRecord(length)) return st;
   if (int16_t st = AssignAutoIncrements(record)) return st;
+  EncodeKeys(record);
+  if (!compareOldRecord_) {
+    bool done = false;
+    if (int16_t st = UpdateData(rid, record, length, key, row, done)) return st;
+    if (done) return kStatusOk;
+  }
   sqlite3_stmt* old = FileStmt(kOldRow);
-  sqlite3_stmt* stmt = FileStmt(kUpdate);
-  if (!old || !stmt) return kStatusIoError;
+  if (!old) return kStatusIoError;
   std::vector<int64_t> oldSeq(keys_.size(), 0);
   {
     ResetOnExit reset(old);
     sqlite3_bind_int64(old, 1, rid);
-    const int rc = sqlite3_step(old);
+    const int rc = Step(old);
     if (rc == SQLITE_DONE) return kStatusInvalidPositioning;  // the record is gone
     if (rc != SQLITE_ROW) return StatusFromSqlite(rc);
     const char* was = static_cast<const char*>(sqlite3_column_blob(old, 0));
@@ -555,7 +621,10 @@ int16_t RecordFile::Update(int64_t rid, char* record, size_t length, int key, Ro
       if (keys_[k].duplicates) oldSeq[k] = sqlite3_column_int64(old, ++col);
     }
   }
-  EncodeKeys(record);
+  std::vector<bool> changed(keys_.size());
+  for (size_t k = 0; k < keys_.size(); ++k) changed[k] = encoded_[k] != oldEncoded_[k];
+  sqlite3_stmt* stmt = UpdateStmt(changed);
+  if (!stmt) return kStatusIoError;
   int p = 1;
   sqlite3_bind_int64(stmt, p, rid);
   int64_t keySeq = 0;
@@ -564,13 +633,14 @@ int16_t RecordFile::Update(int64_t rid, char* record, size_t length, int key, Ro
                       SQLITE_STATIC);
     if (keys_[k].duplicates) {
       // A record whose value changes joins the end of its new group of equal values.
-      const int64_t seq = encoded_[k] == oldEncoded_[k] ? oldSeq[k] : nextSeq_++;
+      const int64_t seq = changed[k] ? nextSeq_++ : oldSeq[k];
+      if (changed[k]) seqTaken_ = true;
       sqlite3_bind_int64(stmt, ++p, seq);
       if (static_cast<int>(k) == key) keySeq = seq;
     }
   }
   sqlite3_bind_blob(stmt, ++p, record, static_cast<int>(length), SQLITE_STATIC);
-  const int rc = sqlite3_step(stmt);
+  const int rc = Step(stmt);
   sqlite3_reset(stmt);
   if (rc != SQLITE_DONE) return Failed(rc);
   ++generation_;
@@ -586,10 +656,11 @@ int16_t RecordFile::Delete(int64_t rid) {
   sqlite3_stmt* stmt = FileStmt(kDelete);
   if (!stmt) return kStatusIoError;
   sqlite3_bind_int64(stmt, 1, rid);
-  const int rc = sqlite3_step(stmt);
+  const int rc = Step(stmt);
   sqlite3_reset(stmt);
   if (rc != SQLITE_DONE) return Failed(rc);
   ++generation_;
+  seqTaken_ = true;  // the record's number is not to come back
   return sqlite3_changes(db_) == 0 ? kStatusInvalidPositioning : kStatusOk;
 }
 
@@ -617,22 +688,44 @@ int16_t RecordFile::Failed(int rc) {
     inTransaction_ = false;
     ++generation_;
   }
+  return StatusOf(rc);
+}
+
+int RecordFile::Step(sqlite3_stmt* stmt) {
+  errno = 0;
+  const int rc = sqlite3_step(stmt);
+  stepErrno_ = errno;
+  return rc;
+}
+
+int16_t RecordFile::StatusOf(int rc) const {
+  // SQLite reports a write refused for a file size limit (or a quota, on some file systems) as
+  // an I/O error; the write's errno tells a full disk.
+  if ((rc & 0xFF) == SQLITE_IOERR &&
+      (stepErrno_ == ENOSPC || stepErrno_ == EFBIG || stepErrno_ == EDQUOT)) {
+    return kStatusDiskFull;
+  }
   return StatusFromSqlite(rc);
 }
 
 int16_t RecordFile::Exec(FileStatement which) {
   sqlite3_stmt* stmt = FileStmt(which);
   if (!stmt) return kStatusIoError;
-  const int rc = sqlite3_step(stmt);
+  const int rc = Step(stmt);
   sqlite3_reset(stmt);
-  return rc == SQLITE_DONE || rc == SQLITE_ROW ? int16_t{kStatusOk} : StatusFromSqlite(rc);
+  return rc == SQLITE_DONE || rc == SQLITE_ROW ? int16_t{kStatusOk} : StatusOf(rc);
 }
 
 int16_t RecordFile::Begin() {
   if (int16_t st = Exec(kBegin)) return st;
   sqlite3_stmt* stmt = FileStmt(kLoadSeq);
   int rc = stmt ? sqlite3_step(stmt) : SQLITE_ERROR;
-  if (rc == SQLITE_ROW) nextSeq_ = storedSeq_ = sqlite3_column_int64(stmt, 0);
+  if (rc == SQLITE_ROW) {
+    // The stored counter, or past the largest id when inserts since did not store it.
+    storedSeq_ = sqlite3_column_int64(stmt, 0);
+    nextSeq_ = std::max<int64_t>(storedSeq_, sqlite3_column_int64(stmt, 1));
+  }
+  seqTaken_ = false;
   if (stmt) sqlite3_reset(stmt);
   inTransaction_ = true;
   if (rc != SQLITE_ROW) {
@@ -642,18 +735,24 @@ int16_t RecordFile::Begin() {
   return kStatusOk;
 }
 
+int16_t RecordFile::StoreSeq() {
+  // Numbers that went to new records only are found again from the largest record id.
+  if (!seqTaken_ || nextSeq_ == storedSeq_) return kStatusOk;
+  sqlite3_stmt* stmt = FileStmt(kStoreSeq);
+  if (!stmt) return kStatusIoError;
+  sqlite3_bind_int64(stmt, 1, nextSeq_);
+  const int rc = Step(stmt);
+  sqlite3_reset(stmt);
+  if (rc != SQLITE_DONE) return Failed(rc);
+  storedSeq_ = nextSeq_;
+  return kStatusOk;
+}
+
 int16_t RecordFile::Commit() {
-  if (nextSeq_ != storedSeq_) {
-    sqlite3_stmt* stmt = FileStmt(kStoreSeq);
-    if (!stmt) return kStatusIoError;
-    sqlite3_bind_int64(stmt, 1, nextSeq_);
-    const int rc = sqlite3_step(stmt);
-    sqlite3_reset(stmt);
-    if (rc != SQLITE_DONE) return StatusFromSqlite(rc);
-    storedSeq_ = nextSeq_;
-  }
+  if (int16_t st = StoreSeq()) return st;
   if (int16_t st = Exec(kCommit)) return st;
   inTransaction_ = false;
+  EndTracking();
   return kStatusOk;
 }
 
@@ -661,6 +760,55 @@ void RecordFile::Rollback() {
   Exec(kRollback);  // fails harmlessly when SQLite has already rolled back
   inTransaction_ = false;
   ++generation_;
+  EndTracking();
+}
+
+int16_t RecordFile::Track() {
+  if (session_) return kStatusOk;
+  if (sqlite3session_create(db_, "main", &session_) != SQLITE_OK) {
+    session_ = nullptr;
+    return kStatusIoError;
+  }
+  if (sqlite3session_attach(session_, nullptr) != SQLITE_OK) {
+    EndTracking();
+    return kStatusIoError;
+  }
+  return kStatusOk;
+}
+
+void RecordFile::EndTracking() {
+  if (session_) sqlite3session_delete(session_);
+  session_ = nullptr;
+}
+
+int16_t RecordFile::Undo(std::string& changes) {
+  changes.clear();
+  if (!session_) return kStatusIoError;
+  int n = 0, inverseBytes = 0;
+  void* forward = nullptr;
+  void* inverse = nullptr;
+  int rc = sqlite3session_changeset(session_, &n, &forward);
+  if (rc == SQLITE_OK && n > 0) rc = sqlite3changeset_invert(n, forward, &inverseBytes, &inverse);
+  if (rc == SQLITE_OK && inverse) {
+    changes.assign(static_cast<const char*>(inverse), static_cast<size_t>(inverseBytes));
+  }
+  sqlite3_free(forward);
+  sqlite3_free(inverse);
+  return rc == SQLITE_OK ? int16_t{kStatusOk} : StatusFromSqlite(rc);
+}
+
+int16_t RecordFile::Mark(uint32_t mark) {
+  if (int16_t st = StoreSeq()) return st;
+  const std::string sql = "PRAGMA user_version = " + std::to_string(mark);
+  errno = 0;
+  const int rc = sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr);
+  stepErrno_ = errno;
+  return rc == SQLITE_OK ? int16_t{kStatusOk} : Failed(rc);
+}
+
+std::string RecordFile::Path() const {
+  const char* name = sqlite3_db_filename(db_, "main");
+  return name ? name : "";
 }
 
 }  // namespace tolmen

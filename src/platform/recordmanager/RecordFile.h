@@ -11,6 +11,11 @@
 // gets d = its id when inserted and a fresh number when an update changes that key, so
 // duplicates come in insertion order and a record moved into a group joins its end.
 //
+// An update sets only what changed, so that SQLite leaves the indexes of unchanged keys alone:
+// first the record alone, on the condition that every key column still holds the new value
+// (one statement, no read before it); when that finds no row, the old row is read and the
+// changed key columns are set with the record.
+//
 // Every statement is prepared once, the first time it is needed, and kept until the file is
 // closed. Every call steps its statement and resets it before returning, so between calls no
 // statement, and so no read transaction, is open. Writes go between Begin and Commit; the caller
@@ -20,6 +25,7 @@
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,6 +33,8 @@
 #include "platform/recordmanager/EngineOptions.h"
 #include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/KeyCodec.h"
+
+struct sqlite3_session;
 
 namespace tolmen {
 
@@ -103,6 +111,16 @@ class RecordFile {
   void Rollback();
   bool InTransaction() const { return inTransaction_; }
 
+  // A transaction over several files (EndIntent.h). Track records this file's changes from now
+  // until the transaction ends; Undo gives the changes that take them back. Mark stores the
+  // record counter and writes the transaction's mark into the file (SQLite's user_version), so
+  // that after a crash the file tells whether its commit happened.
+  int16_t Track();
+  int16_t Undo(std::string& changes);
+  int16_t Mark(uint32_t mark);
+  // The file's full path.
+  std::string Path() const;
+
  private:
   enum KeyStatement : int {
     kFirst,
@@ -115,11 +133,12 @@ class RecordFile {
     kBefore,
     kById,
     kDistinct,
+    kPlace,
     kKeyStatements
   };
   enum FileStatement : int {
     kInsert,
-    kUpdate,
+    kUpdateData,
     kOldRow,
     kDelete,
     kCount,
@@ -139,12 +158,23 @@ class RecordFile {
   sqlite3_stmt* Prepare(const std::string& sql);
   std::string KeySql(int key, KeyStatement which) const;
   std::string FileSql(FileStatement which) const;
+  // The update setting the keys marked in `changed` and the record.
+  sqlite3_stmt* UpdateStmt(const std::vector<bool>& changed);
+  // The update of the record alone, when no key changed. Returns kStatusOk with `done` false
+  // when the row is gone or a key column differs.
+  int16_t UpdateData(int64_t rid, const char* record, size_t length, int key, Row& row, bool& done);
   int16_t ReadRow(sqlite3_stmt* stmt, Row& row) const;
   int16_t CheckRecord(size_t length) const;
   int16_t AssignAutoIncrements(char* record);
   void EncodeKeys(const char* record);
   int16_t Exec(FileStatement which);
   int16_t Failed(int rc);
+  // Steps a write, keeping the errno it ended with for StatusOf.
+  int Step(sqlite3_stmt* stmt);
+  // The status for a result code of the last write.
+  int16_t StatusOf(int rc) const;
+  int16_t StoreSeq();
+  void EndTracking();
 
   sqlite3* db_;
   EngineOptions options_;
@@ -152,13 +182,21 @@ class RecordFile {
   std::vector<KeyModel> keys_;
   std::vector<sqlite3_stmt*> keyStmts_;
   std::vector<sqlite3_stmt*> fileStmts_;
+  std::map<std::vector<bool>, sqlite3_stmt*> updateStmts_;
+  // A key that may not change and whose encoding loses bytes: an update compares the old record.
+  bool compareOldRecord_ = false;
   std::vector<std::string> encoded_;  // scratch: the keys of the record being written
   std::vector<std::string> oldEncoded_;
   Row scratch_;
   uint64_t generation_ = 0;
+  sqlite3_session* session_ = nullptr;
   bool inTransaction_ = false;
   int64_t nextSeq_ = 0;
   int64_t storedSeq_ = 0;
+  int stepErrno_ = 0;
+  // The counter gave a number in this transaction that no new record keeps: a duplicate's new
+  // place, or a deleted record's. Only then does Commit store it.
+  bool seqTaken_ = false;
 };
 
 // The status for an SQLite result code.

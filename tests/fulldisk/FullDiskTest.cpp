@@ -1,0 +1,214 @@
+// A full disk under every file the system writes: the writer gives a clear message and an old
+// file stays as it was. The disk fills up for a child process through its file size limit
+// (RLIMIT_FSIZE, with SIGXFSZ ignored, so that a write past it fails with EFBIG as one on a full
+// disk fails with ENOSPC).
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "background/AutoRunFile.h"
+#include "background/BackgroundState.h"
+#include "common/TempDir.h"
+#include "platform/recordmanager/BtrCodes.h"
+#include "platform/recordmanager/FileStat.h"
+#include "platform/recordmanager/RecordEngine.h"
+#include "platform/ui/Clock.h"
+#include "platform/ui/ScriptUi.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Trap.h"
+#include "shell/AppInfo.h"
+#include "shell/RunLog.h"
+#include "shell/Settings.h"
+#include "shell/Tolmen.h"
+#include "templates/TemplateFile.h"
+#include "transfer/ImportFile.h"
+
+namespace tolmen::test {
+namespace {
+
+// Runs `work` in a child process whose files may not grow past `limit` bytes; what it returned.
+std::string WithFullDisk(rlim_t limit, const std::function<std::string()>& work) {
+  int fds[2];
+  if (::pipe(fds) != 0) return "no pipe";
+  const pid_t pid = ::fork();
+  if (pid == 0) {
+    ::close(fds[0]);
+    ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit r{limit, limit};
+    std::string result = ::setrlimit(RLIMIT_FSIZE, &r) == 0 ? work() : "no limit";
+    const bool told =
+        ::write(fds[1], result.data(), result.size()) == static_cast<ssize_t>(result.size());
+    ::_exit(told ? 0 : 1);
+  }
+  ::close(fds[1]);
+  std::string result;
+  char buffer[4096];
+  for (ssize_t n; (n = ::read(fds[0], buffer, sizeof buffer)) > 0;)
+    result.append(buffer, static_cast<size_t>(n));
+  ::close(fds[0]);
+  int status = 0;
+  ::waitpid(pid, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+  return result;
+}
+
+// The message of the error `write` throws, as the system would show it; "no error" when it
+// throws none.
+std::string Message(const std::function<void()>& write) {
+  try {
+    write();
+  } catch (const std::exception& e) {
+    const RuntimeError error = ToRuntimeError(e);
+    return std::to_string(error.Number()) + " " + error.Description();
+  }
+  return "no error";
+}
+
+std::string Read(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+void Write(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// Nothing but the file itself is left in the folder: no temporary file beside it.
+std::vector<std::string> Names(const TempDir& dir) {
+  std::vector<std::string> names;
+  for (const auto& e : std::filesystem::directory_iterator(dir.Path()))
+    names.push_back(e.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+TEST(FullDisk, FilesRewrittenWholeKeepTheirOldContents) {
+  const std::string old(12, 'o');
+  TempDir home;
+  VirtualClock clock(46349.375);
+  ScriptUi ui({}, nullptr, clock, "Tolmen");
+  Tolmen app(MakeAppInfo(home.Path().string() + "/", "1.0.0"), ui, clock, home.File("app.ini"));
+  struct Writer {
+    const char* file;
+    std::function<void(const std::string& path)> write;
+    const char* message;
+  };
+  const Writer writers[] = {
+      {"settings.ini",
+       [](const std::string& path) {
+         Settings settings(path);
+         settings.SaveSetting("Settings", "Folder", std::string(200, 'x'));
+       },
+       "61 Disk full: "},
+      {"AUTORUN.KSF",
+       [](const std::string& path) {
+         BackgroundState state;
+         state.IntervalMinutes = 15;
+         WriteAutoRunFile(path, state, true, false);
+       },
+       "61 Disk full"},
+      {"run.KTF", [&app](const std::string& path) { TemplateSave(app, path); }, "61 Disk full"},
+  };
+  for (const Writer& w : writers) {
+    SCOPED_TRACE(w.file);
+    TempDir dir;
+    const std::string path = dir.File(w.file);
+    Write(path, old);
+    const std::string message =
+        WithFullDisk(old.size() + 8, [&] { return Message([&] { w.write(path); }); });
+    EXPECT_EQ(message.substr(0, std::string(w.message).size()), w.message) << message;
+    EXPECT_EQ(Read(path), old);
+    EXPECT_EQ(Names(dir), std::vector<std::string>{w.file});
+  }
+}
+
+TEST(FullDisk, AppendedFilesKeepWhatTheyHeldAndEndOnAWholeLine) {
+  TempDir dir;
+  const std::string old = "first run\r\n";
+  Write(dir.File(RunLog::kFileName), old);
+  const std::string logMessage = WithFullDisk(old.size() + 16, [&] {
+    RunLog log;
+    log.SetFolder(dir.Path().string() + "/");
+    return Message([&] {
+      for (int i = 0; i < 10; ++i) log.Append("a line of the second run");
+    });
+  });
+  EXPECT_EQ(logMessage, "61 Disk full: " + dir.File(RunLog::kFileName));
+  EXPECT_EQ(Read(dir.File(RunLog::kFileName)).substr(0, old.size()), old);
+
+  const std::string line = "\"ACM001\",\"Acme Trading\"\r\n";
+  const std::string importMessage = WithFullDisk(line.size() * 3 + 5, [&] {
+    ImportFile file;
+    if (!file.Open(dir.File("MaxCus01.csv"))) return std::string("not opened");
+    return Message([&] {
+      for (int i = 0; i < 10; ++i) file.Append(line);
+    });
+  });
+  EXPECT_EQ(importMessage, "61 Disk full");
+  EXPECT_EQ(Read(dir.File("MaxCus01.csv")), line + line + line) << "whole lines only";
+}
+
+TEST(FullDisk, ARecordFileRefusesTheTransactionAndKeepsItsRecords) {
+  TempDir dir;
+  const std::string path = dir.File("DEBTORS.DAT");
+  const FileDef def{100, 4096, false, {KeyDef{false, false, {SegmentDef{1, 8, KeyType::String}}}}};
+  auto call = [](RecordEngine& engine, std::string& pos, uint16_t op, const std::string& record) {
+    std::string data = record, key = std::string(255, ' ');
+    auto length = static_cast<int32_t>(data.size());
+    return engine.BTRCALL(op, pos, data, length, key, 255, 0);
+  };
+  auto record = [](int n) {
+    std::string r = std::to_string(10000000 + n);
+    r.resize(100, '.');
+    return r;
+  };
+  {
+    RecordEngine engine;
+    std::string pos(128, ' '), data = BuildCreateBuffer(def), key = path;
+    auto length = static_cast<int32_t>(data.size());
+    ASSERT_EQ(engine.BTRCALL(kOpCreate, pos, data, length, key, 255, 0), 0);
+    key = path;
+    ASSERT_EQ(engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
+    for (int n = 0; n < 10; ++n) ASSERT_EQ(call(engine, pos, kOpInsert, record(n)), 0);
+  }
+  // Room for the file, its log index (32 KiB) and a little of its log.
+  const auto size = std::filesystem::file_size(path);
+  const std::string status = WithFullDisk(std::max<rlim_t>(size, 32768) + 32768, [&] {
+    RecordEngine engine;
+    std::string pos(128, ' '), data, key = path;
+    int32_t length = 0;
+    if (engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0) != 0) return std::string("open");
+    call(engine, pos, kOpBeginTransaction, "");
+    int16_t st = 0;
+    for (int n = 10; n < 2000 && st == 0; ++n) st = call(engine, pos, kOpInsert, record(n));
+    if (st == 0) st = call(engine, pos, kOpEndTransaction, "");
+    return std::to_string(st);
+  });
+  EXPECT_EQ(status, std::to_string(kStatusDiskFull));
+
+  RecordEngine engine;
+  std::string pos(128, ' '), data, key = path;
+  int32_t length = 0;
+  ASSERT_EQ(engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
+  int count = 0;
+  for (uint16_t op = kOpGetFirst;; op = kOpGetNext) {
+    data.assign(100, ' ');
+    length = 100;
+    if (engine.BTRCALL(op, pos, data, length, key, 255, 0) != 0) break;
+    EXPECT_EQ(data, record(count));
+    ++count;
+  }
+  EXPECT_EQ(count, 10);
+}
+
+}  // namespace
+}  // namespace tolmen::test
