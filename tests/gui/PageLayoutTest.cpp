@@ -23,6 +23,7 @@
 
 #include "common/TempDir.h"
 #include "gui/MainWindow.h"
+#include "gui/WhenShown.h"
 #include "gui/pages/FolderTree.h"
 #include "screen/ScreenActions.h"
 
@@ -88,25 +89,6 @@ std::vector<std::string> Names(const QList<QWidget*>& widgets) {
   std::vector<std::string> names;
   for (QWidget* widget : widgets) names.push_back(widget->objectName().toStdString());
   return names;
-}
-
-// Runs `answer` on the first visible top-level widget of type W once it shows.
-template <typename W>
-void WhenShown(std::function<void(W*)> answer) {
-  auto* poll = new QTimer;
-  QObject::connect(poll, &QTimer::timeout, [poll, answer] {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      auto* found = qobject_cast<W*>(widget);
-      if (found && found->isVisible()) {
-        poll->stop();
-        poll->deleteLater();
-        answer(found);
-        if (found->isVisible()) found->close();  // an answer that did not take: fail, never hang
-        return;
-      }
-    }
-  });
-  poll->start(10);
 }
 
 class PageLayoutTest : public ::testing::Test {

@@ -19,30 +19,12 @@
 
 #include "gui/FileFilter.h"
 #include "gui/QtUi.h"
+#include "gui/WhenShown.h"
 #include "platform/ui/Clock.h"
 #include "platform/ui/Timer.h"
 
 namespace tolmen {
 namespace {
-
-// Runs `answer` on the first visible top-level widget of type W once it shows.
-template <typename W>
-void WhenShown(std::function<void(W*)> answer) {
-  auto* poll = new QTimer;
-  QObject::connect(poll, &QTimer::timeout, [poll, answer] {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      auto* found = qobject_cast<W*>(widget);
-      if (found && found->isVisible()) {
-        poll->stop();
-        poll->deleteLater();
-        answer(found);
-        if (found->isVisible()) found->close();  // an answer that did not take: fail, never hang
-        return;
-      }
-    }
-  });
-  poll->start(10);
-}
 
 struct MsgBoxCase {
   int style;
