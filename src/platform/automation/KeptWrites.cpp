@@ -1,0 +1,27 @@
+#include "platform/automation/KeptWrites.h"
+
+#include <algorithm>
+
+#include "runtime/Cp1252.h"
+
+namespace tolmen {
+
+void KeptWrites::Keep(const RecordKey& record, const std::string& field, const std::string& value) {
+  writes_.push_back({record, field, value});
+}
+
+bool KeptWrites::HoldsField(const std::string& field) const {
+  const std::string wanted = UCase(field);
+  return std::any_of(writes_.begin(), writes_.end(),
+                     [&](const KeptWrite& write) { return UCase(write.field) == wanted; });
+}
+
+std::optional<std::string> KeptWrites::Find(const RecordKey& record,
+                                            const std::string& field) const {
+  const std::string wanted = UCase(field);
+  for (auto write = writes_.rbegin(); write != writes_.rend(); ++write)
+    if (write->record == record && UCase(write->field) == wanted) return write->value;
+  return std::nullopt;
+}
+
+}  // namespace tolmen
