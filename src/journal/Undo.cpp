@@ -79,6 +79,8 @@ UndoPlan PlanUndo(const std::vector<json>& records, const std::string& runId) {
       plan.alreadyUndone = true;
       return plan;
     }
+  }
+  for (const json& record : records) {
     if (record.value("run", "") != id) continue;
     if (IsType(record, "run")) {
       plan.files = Texts(record, "files");
@@ -136,7 +138,7 @@ UndoReport UndoRun(Tolmen& app, const std::string& pastelFolder, const std::stri
     link.Release();
     return report;
   }
-  if (!plan.maximizer.empty() && database != plan.maximizer) {
+  if (!plan.maximizer.empty() && !EqualsNoCase(database, plan.maximizer)) {
     plan.problem = "Maximizer has " + database + " open; the run wrote into " + plan.maximizer;
     link.Release();
     return report;
@@ -197,11 +199,13 @@ UndoReport UndoRun(Tolmen& app, const std::string& pastelFolder, const std::stri
 }
 
 std::string CategoryRemovalHint(const std::string& pastelFolder, const std::string& category) {
-  const std::string file = pastelFolder + pasDcodeFile::kFileName;
-  return "the category " + category + " may be in use; to remove it: butil -save '" + file +
-         "' categories.sav, delete its record from categories.sav, then move the file aside, "
-         "butil -create '" +
-         file + "' with its description and butil -load categories.sav '" + file + "'";
+  const std::string file = "'" + pastelFolder + pasDcodeFile::kFileName + "'";
+  return "category " + category +
+         " was created by the run and is left in place (debtors may use it). To remove it: "
+         "butil -save " +
+         file + " categories.sav; delete its record from categories.sav; move " + file +
+         " aside; butil -create " + file +
+         " from its description (butil -stat shows it); butil -load categories.sav " + file;
 }
 
 }  // namespace tolmen

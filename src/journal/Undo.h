@@ -72,7 +72,8 @@ struct UndoReport {
 UndoReport UndoRun(Tolmen& app, const std::string& pastelFolder, const std::string& runId,
                    bool dryRun);
 
-// The command that would remove a category the run created, for the person to decide on.
+// What to say of a category the run created: it is left in place, and the butil commands that
+// would remove it, for the person to decide on.
 std::string CategoryRemovalHint(const std::string& pastelFolder, const std::string& category);
 
 }  // namespace tolmen

@@ -206,6 +206,7 @@ int TolmenCalendar(int argc, const char* const* argv, Clock& clock, std::ostream
   ui.Attach(&app);
   LoadForRun(app);
   std::string problem;
+  ui.BeginTemplate(view.templatePath);
   try {
     app.run.Unattended = true;
     if (!TemplateOpen(app, view.templatePath) || ui.TemplateEnded()) {

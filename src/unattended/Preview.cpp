@@ -101,7 +101,8 @@ bool CopyFiles(const std::string& from, const std::string& to, std::string& why)
   std::error_code ec;
   fs::create_directories(to, ec);
   for (const fs::directory_entry& entry : fs::directory_iterator(from, ec)) {
-    if (!entry.is_regular_file()) continue;
+    std::error_code kind;
+    if (!entry.is_regular_file(kind)) continue;
     fs::copy_file(entry.path(), fs::path(to) / entry.path().filename(),
                   fs::copy_options::overwrite_existing, ec);
     if (ec) break;
@@ -213,7 +214,7 @@ PreviewResult PreviewTemplate(const std::string& path, const std::string& appFol
     ReadBytes(SystemPath(file), content);
     const std::string name = real(file);
     result.files.push_back({name, CrLfLines(content)});
-    if (StartsWith(UCase(name.substr(folder.size())), "MAXINV"))
+    if (StartsWith(UCase(fs::path(SystemPath(name)).filename().string()), "MAXINV"))
       result.invoices = InvoicesOfLines(result.files.back().lines);
     file = name;
   }

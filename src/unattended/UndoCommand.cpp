@@ -64,7 +64,7 @@ std::string UndoText(const UndoReport& report, const std::string& pastelFolder) 
   for (const std::string& file : report.renamed)
     out << "  renamed " << Cp1252ToUtf8(file) << " -> " << Cp1252ToUtf8(file) << ".undone\n";
   for (const std::string& category : plan.categories)
-    out << "  left " << Cp1252ToUtf8(CategoryRemovalHint(pastelFolder, category)) << "\n";
+    out << "  " << Cp1252ToUtf8(CategoryRemovalHint(pastelFolder, category)) << "\n";
   out << report.Count(UndoResult::kRestored) << (report.dryRun ? " to restore, " : " restored, ")
       << report.Count(UndoResult::kConflict) << " conflicts, " << report.renamed.size() << " files "
       << (report.dryRun ? "to rename" : "renamed") << "\n";

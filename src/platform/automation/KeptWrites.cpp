@@ -11,16 +11,14 @@ void KeptWrites::Keep(const RecordKey& record, const std::string& field, const s
 }
 
 bool KeptWrites::HoldsField(const std::string& field) const {
-  const std::string wanted = UCase(field);
   return std::any_of(writes_.begin(), writes_.end(),
-                     [&](const KeptWrite& write) { return UCase(write.field) == wanted; });
+                     [&](const KeptWrite& write) { return EqualsNoCase(write.field, field); });
 }
 
 std::optional<std::string> KeptWrites::Find(const RecordKey& record,
                                             const std::string& field) const {
-  const std::string wanted = UCase(field);
   for (auto write = writes_.rbegin(); write != writes_.rend(); ++write)
-    if (write->record == record && UCase(write->field) == wanted) return write->value;
+    if (write->record == record && EqualsNoCase(write->field, field)) return write->value;
   return std::nullopt;
 }
 
