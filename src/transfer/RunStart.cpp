@@ -22,10 +22,9 @@ void ClearRunNotes(RunState& run) {
 
 namespace {
 
-// The journal's record of a run that DoImport has ended. A category counts as created when the
-// options asked for one and DoImport cleared the option, which it does after a good insert, and
-// the run was not cancelled (which rolls the insert back).
-RunSummary SummaryOf(Tolmen& app, bool createsCategory) {
+// The journal's record of a run that DoImport has ended. The categories it inserted count only
+// when the run was not cancelled: Cancel rolls the inserts back.
+RunSummary SummaryOf(Tolmen& app) {
   const RunState& run = app.run;
   RunSummary summary;
   summary.templatePath = app.shell.TemplatePath;
@@ -44,9 +43,7 @@ RunSummary SummaryOf(Tolmen& app, bool createsCategory) {
     if (!file->empty() && std::filesystem::is_regular_file(SystemPath(*file), ec))
       summary.files.push_back(*file);
   }
-  if (createsCategory && status != kExitRunCancelled && app.screen.frmMain.optCategory.Value() == 0)
-    summary.categories.push_back("<" + std::to_string(run.CurrentCategoryNumber) + "> " +
-                                 run.CurrentCategoryText);
+  if (status != kExitRunCancelled) summary.categories = run.CategoriesCreated;
   return summary;
 }
 
@@ -60,10 +57,10 @@ void RunTemplate(Tolmen& app, const RunEntry& entry) {
   if (entry.showTransferPage) app.ui.Yield();
   run.RunMode = entry.mode;
   run.RunReason = entry.reason;
-  const bool createsCategory = app.options.CreateCategory;
+  run.CategoriesCreated.clear();
   JournalledRun journal(app.maximizer, app.clock, app.pastel.PastelDataPath);
   DoImport(app);
-  journal.Finish(SummaryOf(app, createsCategory));
+  journal.Finish(SummaryOf(app));
 }
 
 bool StartRun(Tolmen& app, const RunEntry& entry) {

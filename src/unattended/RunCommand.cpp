@@ -82,7 +82,7 @@ TemplateResult RunTemplateOfCall(Tolmen& app, UnattendedUi& ui, const std::strin
                                  const std::string& shown) {
   TemplateResult result;
   result.path = path;
-  ui.BeginTemplate(path);
+  ui.BeginTemplate(shown.empty() ? path : shown);
   if (const std::string why = Unreadable(path); !why.empty()) {
     err << "tolmen run: " << Cp1252ToUtf8(path) << ": " << why << "\n";
     result.messages.push_back(why);

@@ -44,7 +44,8 @@ std::string UndoText(const UndoReport& report, const std::string& pastelFolder) 
       << Cp1252ToUtf8(plan.runId) << "\n";
   for (const UndoOutcome& outcome : report.steps) {
     const UndoStep& step = outcome.step;
-    out << "  " << UndoResultWord(outcome.result) << " " << Where(step);
+    const bool toDo = report.dryRun && outcome.result == UndoResult::kRestored;
+    out << "  " << (toDo ? "to restore" : UndoResultWord(outcome.result)) << " " << Where(step);
     switch (outcome.result) {
       case UndoResult::kRestored:
         out << ": " << Quoted(outcome.found) << " -> " << Quoted(step.restore) << "\n";
