@@ -1,25 +1,28 @@
 #include "platform/automation/KeptWrites.h"
 
-#include <algorithm>
-
 #include "runtime/Cp1252.h"
 
 namespace tolmen {
 
+KeptWrites::Key KeptWrites::KeyOf(const RecordKey& record, const std::string& field) {
+  return {record.identification, record.contactNumber, UCase(field)};
+}
+
 void KeptWrites::Keep(const RecordKey& record, const std::string& field, const std::string& value) {
   writes_.push_back({record, field, value});
+  fields_.insert(UCase(field));
+  last_[KeyOf(record, field)] = value;
 }
 
 bool KeptWrites::HoldsField(const std::string& field) const {
-  return std::any_of(writes_.begin(), writes_.end(),
-                     [&](const KeptWrite& write) { return EqualsNoCase(write.field, field); });
+  return fields_.count(UCase(field)) > 0;
 }
 
 std::optional<std::string> KeptWrites::Find(const RecordKey& record,
                                             const std::string& field) const {
-  for (auto write = writes_.rbegin(); write != writes_.rend(); ++write)
-    if (write->record == record && EqualsNoCase(write->field, field)) return write->value;
-  return std::nullopt;
+  const auto found = last_.find(KeyOf(record, field));
+  if (found == last_.end()) return std::nullopt;
+  return found->second;
 }
 
 }  // namespace tolmen

@@ -4,8 +4,11 @@
 // run sees what it would have seen after a real write.
 #pragma once
 
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace tolmen {
@@ -36,7 +39,12 @@ class KeptWrites {
   const std::vector<KeptWrite>& Writes() const { return writes_; }
 
  private:
+  using Key = std::tuple<std::string, std::string, std::string>;  // record, upper-cased field
+  static Key KeyOf(const RecordKey& record, const std::string& field);
+
   std::vector<KeptWrite> writes_;
+  std::set<std::string> fields_;     // upper-cased
+  std::map<Key, std::string> last_;  // the last value kept for each record and field
 };
 
 }  // namespace tolmen
