@@ -11,9 +11,10 @@
 // Windows-1252 cannot hold was given), 3 when the last run was cancelled, 4 when a script ended
 // inside a loop of dialogs.
 //
-// `tolmen run ...` (the first argument "run"), `tolmen --help` and `tolmen --version` are the Linux
-// build's own commands, read before anything else (unattended/RunMain.h); every other command line
-// goes to the system as it stands.
+// `tolmen run ...` (the first argument "run"), `tolmen undo ...`, `tolmen calendar ...`, `tolmen
+// --help` and `tolmen --version` are the Linux build's own commands, read before anything else
+// (unattended/RunMain.h, UndoCommand.h, CalendarCommand.h); every other command line goes to the
+// system as it stands.
 //
 // SIGTERM and SIGHUP (the session ends) are the system's close of the window: the handler writes a
 // byte on a pipe, and the front-end takes it where the window system runs.
@@ -38,7 +39,9 @@
 #include "shell/Application.h"
 #include "shell/ProcessEnd.h"
 #include "shell/Tolmen.h"
+#include "unattended/CalendarCommand.h"
 #include "unattended/RunMain.h"
+#include "unattended/UndoCommand.h"
 
 #ifdef TOLMEN_HAVE_QT
 #include <QApplication>
@@ -176,6 +179,11 @@ int OwnCommand(int argc, char** argv) {
     std::unique_ptr<tolmen::Clock> clock = tolmen::MakeClockFromEnvironment();
     return tolmen::TolmenRun(argc, argv, ProgramPath(argv[0]), *clock, isatty(STDERR_FILENO) == 1,
                              std::cout, std::cerr);
+  }
+  if (first == "undo" || first == "calendar") {
+    std::unique_ptr<tolmen::Clock> clock = tolmen::MakeClockFromEnvironment();
+    return first == "undo" ? tolmen::TolmenUndo(argc, argv, *clock, std::cout, std::cerr)
+                           : tolmen::TolmenCalendar(argc, argv, *clock, std::cout, std::cerr);
   }
   if (argc != 2) return -1;
   if (first == "--help" || first == "-h") {

@@ -14,6 +14,7 @@ void MaximizerLink::Attach() {
   attach_ = MaxAttachObject::Attach(MaximizerSocketPath(), app_.clock);
   application_ = attach_->GetApplicationObject();
   record_ = attach_->GetCurrentRecordObject();
+  if (keptWrites) record_->KeepWritesIn(keptWrites);
 }
 
 void MaximizerLink::Release() {

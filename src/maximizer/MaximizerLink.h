@@ -7,11 +7,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "maximizer/MaxClients.h"
 #include "maximizer/clsClientsOLE.h"
+#include "platform/automation/KeptWrites.h"
 
 namespace tolmen {
 
@@ -19,6 +21,17 @@ class Tolmen;
 class MaxAttachObject;
 class MaxApplicationObject;
 class MaxRecordObject;
+
+// One UDF write of SetClientField: the client's key, the value the UDF held before, the value
+// written and the value Maximizer holds afterwards (it may store a value in its own form, or
+// refuse it).
+struct UdfWrite {
+  RecordKey record;
+  std::string udf;
+  std::string before;
+  std::string written;
+  std::string stored;
+};
 
 class MaximizerLink {
  public:
@@ -51,6 +64,14 @@ class MaximizerLink {
   std::int32_t ListCount = 0;
   // Maximizer's visibility state when the run began.
   std::string VisibilityState;
+
+  // Hooks that the layers above set (the link knows no run):
+  // with keptWrites, every record object attached from then on keeps its field writes there
+  // instead of sending them (a preview);
+  std::shared_ptr<KeptWrites> keptWrites;
+  // with udfWritten, SetClientField reads the client's key and the UDF's value before the write
+  // and its value after it, and reports the write (the run journal).
+  std::function<void(const UdfWrite&)> udfWritten;
 
  private:
   Tolmen& app_;

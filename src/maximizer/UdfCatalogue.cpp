@@ -178,7 +178,19 @@ void SetClientField(Tolmen& app, std::int16_t index, const std::string& value) {
   const std::string& name = app.udfs.Name(index);
   if (index == 0) return;
   WaitForMaximizer(app);
-  app.maximizer.Record().SetFieldValue(name, value);
+  MaximizerLink& link = app.maximizer;
+  if (!link.udfWritten) {
+    link.Record().SetFieldValue(name, value);
+    return;
+  }
+  UdfWrite write;
+  write.record = link.Record().CurrentKey();
+  write.udf = name;
+  write.before = link.Record().GetFieldValue(name);
+  write.written = value;
+  link.Record().SetFieldValue(name, value);
+  write.stored = link.Record().GetFieldValue(name);
+  link.udfWritten(write);
 }
 
 int FindInList(const std::string& text, ListControl& list, bool prefix) {

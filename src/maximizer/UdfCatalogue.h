@@ -64,7 +64,8 @@ void AddUDFToList(std::int16_t index, const std::string& kind, const std::string
 // WaitForMaximizer. An index below 1 without a name gives "" and calls nothing.
 std::string GetClientField(Tolmen& app, std::int16_t index, const std::string& name = "");
 // Stores the value into the UDF at `index` on the current client, after WaitForMaximizer. A
-// value Maximizer refuses is not reported. Index 0 names no UDF and writes nothing.
+// value Maximizer refuses is not reported. Index 0 names no UDF and writes nothing. With the link's
+// udfWritten hook set, the write is reported to it (three more reads: key, before, after).
 void SetClientField(Tolmen& app, std::int16_t index, const std::string& value);
 
 // Finds `text` in `list` from its first entry: an entry equal to it, or with `prefix` one that

@@ -35,6 +35,8 @@ struct ShellState {
   // start template fails), and the lists of the "To Pastel" tab have been filled once.
   bool TemplateLoaded = false;
   bool ToPastelFilled = false;
+  // The template file TemplateOpen last read to its end (the run journal names it).
+  std::string TemplatePath;
   // Background mode put its icon in the notification area; Form_Unload takes it away.
   bool TrayInstalled = false;
 

@@ -336,6 +336,7 @@ void TemplateOpen(Tolmen& app, const std::string& path, bool parts, bool& ok) {
       TemplateReader reader(app, parts);
       if (reader.ReadLines(lines, rest.empty() ? 1 : 0)) {
         app.shell.TemplateLoaded = true;
+        app.shell.TemplatePath = path;
         ok = true;
       }
     }

@@ -119,6 +119,7 @@ void GetPasCategoryCode(Tolmen& app) {
     return;
   }
   list.AddItem(Entry(run.CurrentCategoryNumber, run.CurrentCategoryText));
+  run.CategoriesCreated.push_back(Entry(run.CurrentCategoryNumber, run.CurrentCategoryText));
   LogEntry(app, 1, "");
 }
 

@@ -78,6 +78,7 @@ void InsertNewCategory(Tolmen& app, RunTrap& trap) {
     trap([&] { LogError(app, StatusText(status) + " in DoImport adding Category " + entry); });
     return;
   }
+  run.CategoriesCreated.push_back(entry);
   trap([&] {
     form.txtCategory(0).SetText("");
     form.txtCategory(1).SetText("");

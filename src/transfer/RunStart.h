@@ -11,7 +11,9 @@
 //   6  with decideBillingDay: the billing date (today unless one was chosen) and its decision
 //   7  confirm, when given; false ends here
 //   8  RunTemplate: StopRequest cleared; with showTransferPage the Transfer page selected;
-//      BeforeRunScreen; with showTransferPage a yield; RunMode and RunReason; DoImport
+//      BeforeRunScreen; with showTransferPage a yield; RunMode and RunReason; DoImport inside
+//      the run journal of the Pastel folder (journal/RunJournal.h): each UDF write as it is
+//      made, the run's record after DoImport
 //   9  AfterRunScreen
 //
 // The entries differ in these ways only:

@@ -61,6 +61,8 @@ struct RunState {
   std::string ClientId;
   int16_t CurrentCategoryNumber = 0;
   std::string CurrentCategoryText;
+  // The categories this run inserted into the category file, "<N> name" (the run journal's).
+  std::vector<std::string> CategoriesCreated;
 
   // Counters. DebtorsChanged, MismatchCount, DebtorsSkipped and DebtorsLater are reset and shown
   // but nothing raises them.

@@ -75,11 +75,14 @@ void NumberNewCategory(Tolmen& app) {
   form.txtCategory(1).SetText(std::to_string(NextCategoryNumber(app)));
 }
 
-TemplateResult RunOne(Tolmen& app, UnattendedUi& ui, const std::string& path, size_t index,
-                      size_t count, std::ostream& err) {
+}  // namespace
+
+TemplateResult RunTemplateOfCall(Tolmen& app, UnattendedUi& ui, const std::string& path,
+                                 size_t index, size_t count, std::ostream& err,
+                                 const std::string& shown) {
   TemplateResult result;
   result.path = path;
-  ui.BeginTemplate(path);
+  ui.BeginTemplate(shown.empty() ? path : shown);
   if (const std::string why = Unreadable(path); !why.empty()) {
     err << "tolmen run: " << Cp1252ToUtf8(path) << ": " << why << "\n";
     result.messages.push_back(why);
@@ -94,7 +97,7 @@ TemplateResult RunOne(Tolmen& app, UnattendedUi& ui, const std::string& path, si
       NumberNewCategory(app);
       RunEntry entry;
       entry.reason = "for Template " + std::to_string(index + 1) + "/" + std::to_string(count) +
-                     " (tolmen run): " + path;
+                     " (tolmen run): " + (shown.empty() ? path : shown);
       entry.copyScreen = true;
       entry.loadCategories = true;
       entry.decideBillingDay = true;
@@ -123,8 +126,6 @@ TemplateResult RunOne(Tolmen& app, UnattendedUi& ui, const std::string& path, si
                               ErrorsThatCount(result.errors, result.repeats));
   return result;
 }
-
-}  // namespace
 
 int32_t ErrorsThatCount(int32_t errors, int32_t repeats) {
   return std::max<int32_t>(0, errors - (repeats != 0 ? 1 : 0));
@@ -211,7 +212,8 @@ int RunTemplates(Tolmen& app, UnattendedUi& ui, const RunRequest& request, std::
   int status = kRunCallOk;
   const size_t count = request.templates.size();
   for (size_t index = 0; index < count; ++index) {
-    const TemplateResult result = RunOne(app, ui, request.templates[index], index, count, err);
+    const TemplateResult result =
+        RunTemplateOfCall(app, ui, request.templates[index], index, count, err);
     if (request.json)
       out << JsonLine(result) << "\n";
     else if (!request.quiet)

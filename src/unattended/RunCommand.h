@@ -71,6 +71,12 @@ std::string SummaryLine(const TemplateResult& result);
 // One JSON object on one line (UTF-8).
 std::string JsonLine(const TemplateResult& result);
 
+// Steps 1 to 4 above for the template at `path`, number index + 1 of `count`; `shown` names it in
+// the log heading instead of `path` when not empty (a preview runs a copy).
+TemplateResult RunTemplateOfCall(Tolmen& app, UnattendedUi& ui, const std::string& path,
+                                 size_t index, size_t count, std::ostream& err,
+                                 const std::string& shown = "");
+
 // Runs the templates; the call's exit status. The application has been loaded (Form_Load) and
 // `ui` attached to it.
 int RunTemplates(Tolmen& app, UnattendedUi& ui, const RunRequest& request, std::ostream& out,

@@ -1,6 +1,7 @@
 #include "unattended/RunMain.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <ostream>
@@ -11,6 +12,7 @@
 #include "shell/ProcessEnd.h"
 #include "shell/Startup.h"
 #include "shell/Tolmen.h"
+#include "unattended/Preview.h"
 #include "unattended/TimerUnits.h"
 #include "wizard/WizardHandlers.h"
 
@@ -80,6 +82,11 @@ int ParseRunCommandLine(int argc, const char* const* argv, RunCommandLine& line,
   cli.add_flag("--accept-codes", line.acceptCodes,
                "Take the proposed Pastel account number where one would be asked for (else the "
                "client is skipped)");
+  bool preview = false;
+  CLI::Option* previewFlag = cli.add_flag(
+      "--preview", preview,
+      "Run against a copy of the Pastel folder, keeping Maximizer's writes: print what the run "
+      "would write and change nothing");
   bool flags[3] = {false, false, false};  // install, print, remove
   CLI::Option* install = cli.add_flag("--install-timer", flags[0],
                                       "Write the systemd user service and timer for the templates");
@@ -89,7 +96,8 @@ int ParseRunCommandLine(int argc, const char* const* argv, RunCommandLine& line,
   CLI::Option* every = cli.add_option("--every", line.everyMinutes, "Timer: every MINUTES")
                            ->check(CLI::PositiveNumber);
   CLI::Option* at = cli.add_option("--at", line.at, "Timer: daily at HH:MM")->excludes(every);
-  install->excludes(print)->excludes(remove);
+  install->excludes(print)->excludes(remove)->excludes(previewFlag);
+  previewFlag->excludes(print)->excludes(remove);
   print->excludes(remove);
   remove->excludes(every)->excludes(at);
   try {
@@ -114,6 +122,8 @@ int ParseRunCommandLine(int argc, const char* const* argv, RunCommandLine& line,
     if (timer)
       line.action = install->count() > 0 ? RunCommandLine::Action::kInstallTimer
                                          : RunCommandLine::Action::kPrintTimer;
+    else if (preview)
+      line.action = RunCommandLine::Action::kPreview;
     for (const std::string& path : line.templatesUtf8)
       line.request.templates.push_back(PathFromSystem(path));
   } catch (const CLI::ParseError& error) {
@@ -144,7 +154,9 @@ int TolmenRun(int argc, const char* const* argv, const std::string& program, Clo
   RunCommandLine line;
   if (const int status = ParseRunCommandLine(argc, argv, line, out, err); status >= 0)
     return status;
-  if (line.action != RunCommandLine::Action::kRun) return TimerCommand(line, program, out, err);
+  if (line.action != RunCommandLine::Action::kRun &&
+      line.action != RunCommandLine::Action::kPreview)
+    return TimerCommand(line, program, out, err);
 
   AppInfo info;
   try {
@@ -153,7 +165,20 @@ int TolmenRun(int argc, const char* const* argv, const std::string& program, Clo
     err << "tolmen run: " << error.Description() << "\n";
     return kRunCallNotStarted;
   }
-  UnattendedUi ui(err, clock, info.AppName, {line.acceptCodes, line.request.quiet, stderrTerminal});
+  const UnattendedUi::Settings uiSettings{line.acceptCodes, line.request.quiet, stderrTerminal};
+  if (line.action == RunCommandLine::Action::kPreview) {
+    int status = kRunCallOk;
+    for (const std::string& path : line.request.templates) {
+      const PreviewResult result =
+          PreviewTemplate(path, info.AppFolder, Settings::DefaultPath(), clock, uiSettings, err);
+      out << (line.request.json ? PreviewJson(result) + "\n" : PreviewText(result));
+      out.flush();
+      status = std::max<int>(status, StatusOf(result.run.outcome));
+      if (result.run.outcome == TemplateOutcome::kCancelled) break;
+    }
+    return status;
+  }
+  UnattendedUi ui(err, clock, info.AppName, uiSettings);
   Tolmen app(info, ui, clock);
   ui.Attach(&app);
   LoadForRun(app);
@@ -170,6 +195,12 @@ std::string TolmenHelpText() {
          "      written with backslashes) is run at start-up.\n"
          "  tolmen run [--json] [--quiet] [--accept-codes] TEMPLATE...\n"
          "      Runs templates without a window and without questions (plain paths).\n"
+         "  tolmen run --preview [--json] TEMPLATE...\n"
+         "      What the run would write, made against a copy; nothing changes.\n"
+         "  tolmen undo [RUN-ID | --last] [--dry-run] [--json] PASTEL_DIR\n"
+         "      Puts back the UDF values a run wrote and sets its import files aside.\n"
+         "  tolmen calendar TEMPLATE --from DATE --to DATE [--clients] [--json | --csv]\n"
+         "      The days the template's billing would run, and whom it would invoice.\n"
          "  tolmen run --install-timer|--print-timer (--every MINUTES | --at HH:MM) TEMPLATE...\n"
          "  tolmen run --remove-timer\n"
          "      The systemd user timer that runs `tolmen run` on a schedule.\n"

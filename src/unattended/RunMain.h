@@ -3,6 +3,7 @@
 // texts of `tolmen --help` and `tolmen --version`.
 //
 //   tolmen run [--json] [--quiet] [--accept-codes] TEMPLATE...
+//   tolmen run --preview [--json] [--quiet] [--accept-codes] TEMPLATE...
 //   tolmen run --install-timer (--every MINUTES | --at HH:MM) [run options] TEMPLATE...
 //   tolmen run --print-timer (--every MINUTES | --at HH:MM) [run options] TEMPLATE...
 //   tolmen run --remove-timer
@@ -21,7 +22,7 @@ class Tolmen;
 class Clock;
 
 struct RunCommandLine {
-  enum class Action { kRun, kInstallTimer, kPrintTimer, kRemoveTimer };
+  enum class Action { kRun, kPreview, kInstallTimer, kPrintTimer, kRemoveTimer };
   Action action = Action::kRun;
   RunRequest request;
   bool acceptCodes = false;

@@ -119,11 +119,25 @@ void MaxApplicationObject::ListOfCategories(const std::string& fileName,
 MaxRecordObject::MaxRecordObject(std::shared_ptr<MaxConnection> connection)
     : connection_(std::move(connection)) {}
 
-std::string MaxRecordObject::GetFieldValue(const std::string& field) {
+std::string MaxRecordObject::ReadField(const std::string& field) {
   return TextResult(connection_->Call("GetFieldValue", Args{field}));
 }
 
+RecordKey MaxRecordObject::CurrentKey() {
+  return {ReadField("Identification"), ReadField("Contact_Number")};
+}
+
+std::string MaxRecordObject::GetFieldValue(const std::string& field) {
+  if (kept_ && kept_->HoldsField(field))
+    if (auto value = kept_->Find(CurrentKey(), field)) return *value;
+  return ReadField(field);
+}
+
 void MaxRecordObject::SetFieldValue(const std::string& field, const std::string& value) {
+  if (kept_) {
+    kept_->Keep(CurrentKey(), field, value);
+    return;
+  }
   connection_->Call("SetFieldValue", Args{field, value});
 }
 

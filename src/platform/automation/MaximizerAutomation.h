@@ -20,6 +20,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
+
+#include "platform/automation/KeptWrites.h"
 
 namespace tolmen {
 
@@ -60,8 +63,17 @@ class MaxRecordObject {  // the record object of the current list
   std::string GetAddressID();
   std::string GetAddressField(std::string& id, const std::string& field);  // id by reference
 
+  // The current record's Identification and Contact_Number, as Maximizer has them.
+  RecordKey CurrentKey();
+  // From now on SetFieldValue keeps its writes in `kept` instead of sending them, and
+  // GetFieldValue answers a field kept for the current record from there (a preview).
+  void KeepWritesIn(std::shared_ptr<KeptWrites> kept) { kept_ = std::move(kept); }
+
  private:
+  std::string ReadField(const std::string& field);
+
   std::shared_ptr<MaxConnection> connection_;
+  std::shared_ptr<KeptWrites> kept_;
 };
 
 class MaxAttachObject {  // "Maximizer.AttachToCurrentInstance"
