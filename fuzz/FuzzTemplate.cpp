@@ -1,0 +1,57 @@
+// The template reader: any bytes read as a template file into the screen of a fresh application,
+// in parts (the front-end answers the parts questions Yes and No in turn). What was read is
+// saved; the saved file reads to its end, and saving it again gives the same file.
+#include <fstream>
+#include <sstream>
+
+#include "FuzzSupport.h"
+#include "Targets.h"
+#include "platform/ui/Clock.h"
+#include "runtime/DateTime.h"
+#include "runtime/RuntimeError.h"
+#include "shell/Tolmen.h"
+#include "templates/TemplateFile.h"
+#include "templates/TemplateLine.h"
+#include "wizard/TemplateControls.h"
+
+namespace tolmen::fuzz {
+namespace {
+
+std::string ReadAll(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+// Reads `path` into a fresh application and saves the screen to `savedPath`; false when the
+// reading ended early.
+bool OpenAndSave(const std::string& path, bool parts, const std::string& savedPath) {
+  VirtualClock clock(DateSerial(2024, 6, 15) + 0.5);
+  FuzzUi ui(clock);
+  Tolmen app(MakeAppInfo(ScratchFolder(), "1.0.0"), ui, clock, ScratchFolder() + "settings.ini");
+  WireTemplateControls(app);
+  bool ok = false;
+  TemplateOpen(app, path, parts, ok);
+  TemplateSave(app, savedPath);
+  return ok;
+}
+
+}  // namespace
+
+int FuzzTemplate(const uint8_t* data, size_t size) {
+  const std::string bytes = Bytes(data, size);
+  for (const std::string& line : TemplateLines(bytes))
+    FUZZ_CHECK(line.find('\n') == std::string::npos);
+
+  const std::string path = ScratchFolder() + "fuzz.ktf";
+  const std::string saved = ScratchFolder() + "saved.ktf";
+  const std::string again = ScratchFolder() + "again.ktf";
+  WriteFile(path, bytes);
+  OpenAndSave(path, true, saved);
+  FUZZ_CHECK(OpenAndSave(saved, false, again));
+  FUZZ_CHECK(ReadAll(again) == ReadAll(saved));
+  return 0;
+}
+
+}  // namespace tolmen::fuzz
