@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <sstream>
 
-#include "Description.h"
 #include "FuzzSupport.h"
-#include "SaveFormat.h"
 #include "Targets.h"
+#include "butil/Description.h"
+#include "butil/SaveFormat.h"
 #include "platform/recordmanager/BtrCodes.h"
 #include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/RecordEngine.h"

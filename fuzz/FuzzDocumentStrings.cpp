@@ -5,6 +5,7 @@
 #include "platform/ui/Clock.h"
 #include "runtime/DateTime.h"
 #include "shell/Tolmen.h"
+#include "toolkit/DocumentStrings.h"
 #include "toolkit/quilletToolkit.h"
 
 namespace tolmen::fuzz {
@@ -25,7 +26,8 @@ int FuzzDocumentStrings(const uint8_t* data, size_t size) {
   if (lines.empty()) return 0;
   VirtualClock clock(DateSerial(2024, 6, 15) + 0.5);
   FuzzUi ui(clock);
-  Tolmen app(MakeAppInfo(ScratchFolder(), "1.0.0"), ui, clock, ScratchFolder() + "settings.ini");
+  Tolmen app(MakeAppInfo(ScratchFolder(), "1.0.0"), ui, clock,
+             ScratchFolder() + "document-settings.ini");
   app.billing.BillingVATRate = 15;
   quilletToolkit toolkit(app);
   std::string header = lines[0];

@@ -7,12 +7,12 @@
 
 #include <nlohmann/json.hpp>
 
-#include "ClientFile.h"
-#include "Description.h"
 #include "FuzzSupport.h"
-#include "Session.h"
-#include "Store.h"
 #include "Targets.h"
+#include "maxsim/ClientFile.h"
+#include "maxsim/Description.h"
+#include "maxsim/Session.h"
+#include "maxsim/Store.h"
 #include "platform/ui/Clock.h"
 #include "runtime/DateTime.h"
 

@@ -37,15 +37,15 @@ void WriteFile(const std::string& path, const std::string& bytes);
 std::vector<std::string> SplitLines(const std::string& bytes);
 
 // Answers message boxes with the button that goes on (OK, Ignore, never Retry, which could ask
-// for ever), Yes and No in turn where both are offered; input boxes with their default text; file
-// dialogs with Cancel. The main loop returns at once.
+// for ever), Yes and No in turn where both are offered; input boxes and file dialogs with Cancel
+// (an input box that proposes its default again after a failure would ask for ever). The main
+// loop returns at once.
 class FuzzUi final : public HeadlessUi {
  public:
   explicit FuzzUi(Clock& clock) : HeadlessUi(clock, "Tolmen") {}
   int MsgBox(const std::string& prompt, int style, const std::string& title) override;
-  std::string InputBox(const std::string&, const std::string&,
-                       const std::string& defaultText) override {
-    return defaultText;
+  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
+    return "";
   }
   bool FileDialog(const FileDialogRequest&, std::string&) override { return false; }
   void Beep() override {}

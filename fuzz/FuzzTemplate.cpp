@@ -29,7 +29,8 @@ std::string ReadAll(const std::string& path) {
 bool OpenAndSave(const std::string& path, bool parts, const std::string& savedPath) {
   VirtualClock clock(DateSerial(2024, 6, 15) + 0.5);
   FuzzUi ui(clock);
-  Tolmen app(MakeAppInfo(ScratchFolder(), "1.0.0"), ui, clock, ScratchFolder() + "settings.ini");
+  Tolmen app(MakeAppInfo(ScratchFolder(), "1.0.0"), ui, clock,
+             ScratchFolder() + "template-settings.ini");
   WireTemplateControls(app);
   bool ok = false;
   TemplateOpen(app, path, parts, ok);

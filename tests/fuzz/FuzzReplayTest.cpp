@@ -39,7 +39,7 @@ TEST_P(FuzzReplay, EveryCorpusFilePasses) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, FuzzReplay, ::testing::ValuesIn(kFuzzTargets),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& target) { return std::string(target.param.name); });
 
 }  // namespace
 }  // namespace tolmen::fuzz
