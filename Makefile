@@ -4,16 +4,30 @@ JOBS     ?= 2
 PACKAGES := cmake make g++ pkg-config libsqlite3-dev qt6-base-dev libgl-dev libfmt-dev \
             nlohmann-json3-dev libcli11-dev libqt6svg6 libgtest-dev libgmock-dev libbenchmark-dev clang-format xvfb xauth \
             librsvg2-bin dpkg-dev file groff-base desktop-file-utils appstream
+# What `make fuzz` needs on top: clang and libFuzzer's runtime.
+FUZZ_PACKAGES := clang-14 libclang-rt-14-dev
+FUZZ_TIME     ?= 600
+# The targets write their scratch files there: a memory file system, so that the fsync of every
+# saved template or committed record file costs nothing.
+FUZZ_TMPDIR   ?= /dev/shm
+FUZZ_TARGETS  := template autorun fieldcodecs documentstrings butil settings maxsim recordfile
 PREFIX   ?= /usr/local
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps configure build test demo screenshots install package bench sanitize format clean
+.PHONY: all deps fuzz-deps install-missing configure build test demo screenshots install package bench sanitize \
+        fuzz fuzz-build fuzz-run format clean
 
 all: build
 
 # Installs the Debian packages that are missing; does nothing when all are there.
 deps:
-	@missing=""; for p in $(PACKAGES); do \
+	@$(MAKE) --no-print-directory install-missing WANTED="$(PACKAGES)"
+
+fuzz-deps:
+	@$(MAKE) --no-print-directory install-missing WANTED="$(PACKAGES) $(FUZZ_PACKAGES)"
+
+install-missing:
+	@missing=""; for p in $(WANTED); do \
 	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
 	done; \
 	if [ -n "$$missing" ]; then \
@@ -68,8 +82,34 @@ sanitize: deps
 	  ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
 	  ctest --output-on-failure -j $(JOBS)
 
+# Each fuzz target in turn for FUZZ_TIME seconds at nice 19, built with clang and libFuzzer in a
+# build folder of its own. The corpus grows in $(BUILD)-fuzz/corpus/<target> from the seeds of
+# tests/fuzz/<target>; a crash leaves its input in $(BUILD)-fuzz/findings/<target> and fails.
+fuzz: fuzz-build
+	@$(MAKE) --no-print-directory fuzz-run
+
+fuzz-build: fuzz-deps
+	CXX=clang++-14 cmake -S . -B $(BUILD)-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTOLMEN_FUZZ=ON \
+	  -DTOLMEN_GUI=OFF -DTOLMEN_TESTS=OFF -DTOLMEN_APP=OFF -DTOLMEN_TOOLS=
+	cmake --build $(BUILD)-fuzz -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
+
+# Runs the built targets only (FUZZ_TARGETS may name some of them).
+fuzz-run:
+	@for t in $(FUZZ_TARGETS); do \
+	  mkdir -p $(BUILD)-fuzz/corpus/$$t $(BUILD)-fuzz/findings/$$t $(BUILD)-fuzz/work/$$t && \
+	  echo "== fuzz_$$t for $(FUZZ_TIME) s" && \
+	  ( cd $(BUILD)-fuzz/work/$$t && TMPDIR=$(FUZZ_TMPDIR) TZ=UTC LC_ALL=C nice -n 19 ../../bin/fuzz_$$t \
+	      -max_total_time=$(FUZZ_TIME) -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
+	      -artifact_prefix=../../findings/$$t/ ../../corpus/$$t $(CURDIR)/tests/fuzz/$$t \
+	      > ../../fuzz_$$t.log 2>&1 ); status=$$?; \
+	  grep -E "^#[0-9]+" $(BUILD)-fuzz/fuzz_$$t.log | tail -1; \
+	  grep -E "^stat::number_of_executed_units" $(BUILD)-fuzz/fuzz_$$t.log; \
+	  echo "corpus: $$(ls $(BUILD)-fuzz/corpus/$$t | wc -l) files"; \
+	  if [ $$status -ne 0 ]; then tail -40 $(BUILD)-fuzz/fuzz_$$t.log; exit 1; fi; \
+	done
+
 format:
-	find src tests tools bench -name '*.cpp' -o -name '*.h' | xargs clang-format -i
+	find src tests tools bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf $(BUILD) $(BUILD)-bench $(BUILD)-sanitize
+	rm -rf $(BUILD) $(BUILD)-bench $(BUILD)-sanitize $(BUILD)-fuzz

@@ -5,6 +5,7 @@
 #include "runtime/Conversion.h"
 #include "runtime/DateTime.h"
 #include "runtime/Format.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Strings.h"
 #include "shell/Tolmen.h"
 #include "toolkit/quilletToolkit.h"
@@ -62,13 +63,20 @@ std::string quilletToolkit::DefineDocumentHeader(std::string& header) {
   TotalInclusive = 0;
   LineCount = 0;
   HeaderText = header;
-  const std::string invalid =
+  // An "Inc/Exc" number beyond a Long cannot be held: the field is invalid, as a bad date is.
+  bool incExcOverflows = false;
+  std::string invalid =
       FirstInvalidField(header, kHeaderFieldNames, kHeaderFieldWidths, kHeaderFieldCount,
                         [&](const std::string& name, const std::string&, const std::string& value) {
                           if (name != "Inc/Exc") return;
-                          IncExc = CLng(Variant(Val(value)));
+                          try {
+                            IncExc = CLng(Variant(Val(value)));
+                          } catch (const RuntimeError&) {
+                            incExcOverflows = true;
+                          }
                           if (IsYes(value)) IncExc = 1;
                         });
+  if (invalid.empty() && incExcOverflows) invalid = "Inc/Exc";
   if (invalid.empty()) return "";
   HeaderText.clear();
   return "Invalid " + invalid;

@@ -4,7 +4,8 @@
 // A string is a row of fields separated by "|", taken off the front one at a time with PopField
 // (trimmed; a field past the end is empty). Each field has a name and a width code: a number
 // (the width, checked by nobody here), D (a date, as ParseDate reads it) or N (a number, as
-// IsNumeric reads it). Only D and N fields can make a string invalid, and only when not empty.
+// IsNumeric reads it). Only D and N fields can make a string invalid, and only when not empty;
+// besides, an "Inc/Exc" whose number is beyond a Long makes a header invalid.
 //
 // Header string, 31 fields: number, "Delete" (Y), print status, customer, date, order number,
 // "Inc/Exc" (Y), discount, three messages, five delivery address lines, sales analysis code,
