@@ -5,6 +5,7 @@
 #include "platform/ui/Clock.h"
 #include "runtime/DateTime.h"
 #include "shell/Tolmen.h"
+#include "templates/TemplateLine.h"
 #include "toolkit/DocumentStrings.h"
 #include "toolkit/quilletToolkit.h"
 
@@ -22,7 +23,7 @@ bool IsVerdict(const std::string& answer, const std::string& names) {
 }  // namespace
 
 int FuzzDocumentStrings(const uint8_t* data, size_t size) {
-  const std::vector<std::string> lines = SplitLines(Bytes(data, size));
+  const std::vector<std::string> lines = TemplateLines(Bytes(data, size));
   if (lines.empty()) return 0;
   VirtualClock clock(DateSerial(2024, 6, 15) + 0.5);
   FuzzUi ui(clock);

@@ -15,6 +15,7 @@
 #include "maxsim/Store.h"
 #include "platform/ui/Clock.h"
 #include "runtime/DateTime.h"
+#include "templates/TemplateLine.h"
 
 namespace tolmen::fuzz {
 namespace {
@@ -57,7 +58,7 @@ int FuzzMaxsim(const uint8_t* data, size_t size) {
   VirtualClock clock(DateSerial(2024, 6, 15) + 0.5);
   maxsim::Session session(clock, ScratchFolder() + "databases.txt");
   session.Open(book);
-  for (const std::string& line : SplitLines(Bytes(data, size))) {
+  for (const std::string& line : TemplateLines(Bytes(data, size))) {
     auto request = nlohmann::ordered_json::parse(line, nullptr, false);
     if (request.is_discarded()) continue;
     KeepInScratch(request);

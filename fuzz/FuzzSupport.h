@@ -33,9 +33,6 @@ const std::string& ScratchFolder();
 // Replaces the file with the bytes.
 void WriteFile(const std::string& path, const std::string& bytes);
 
-// The lines of the bytes, cut at LF with a CR before it dropped.
-std::vector<std::string> SplitLines(const std::string& bytes);
-
 // Answers message boxes with the button that goes on (OK, Ignore, never Retry, which could ask
 // for ever), Yes and No in turn where both are offered; input boxes and file dialogs with Cancel
 // (an input box that proposes its default again after a failure would ask for ever). The main
