@@ -22,11 +22,11 @@
 #include <cstring>
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "Aggregates.h"
 #include "platform/recordmanager/BtrCodes.h"
 #include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/RecordEngine.h"
@@ -358,47 +358,22 @@ void CommitRaw(benchmark::State& state, const Setup& s) {
   state.SetItemsProcessed(state.iterations() * kCommits);
 }
 
-// Keeps the fastest and the median repetition of every benchmark for the ratios. On a machine
-// shared with other work the fastest repetition is the one least disturbed; repetitions of the
-// engine and of raw SQLite run interleaved, so that disturbances fall on both alike.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.aggregate_name == "min" || run.aggregate_name == "median") {
-        times_[run.aggregate_name][run.run_name.function_name] = run.GetAdjustedRealTime();
-      }
+void PrintRatios(const AggregateReporter& times) {
+  fmt::print("\n{:<10} {:>10} {:>10} {:>7}   {:>10} {:>10} {:>7}\n", "operation", "engine min",
+             "raw min", "ratio", "engine med", "raw med", "ratio");
+  for (const std::string op : {"Insert", "GetEqual", "GetNext", "Update", "Commit"}) {
+    std::string line = fmt::format("{:<10}", op);
+    for (const char* stat : {"min", "median"}) {
+      const double engine = times.Time(stat, op + "/engine"), raw = times.Time(stat, op + "/raw");
+      if (engine <= 0 || raw <= 0) continue;
+      line += fmt::format(" {:>10.3f} {:>10.3f} {:>7.2f}  ", engine, raw, raw / engine);
     }
-    ConsoleReporter::ReportRuns(runs);
+    fmt::print("{}\n", line);
   }
-  void PrintRatios() const {
-    fmt::print("\n{:<10} {:>10} {:>10} {:>7}   {:>10} {:>10} {:>7}\n", "operation", "engine min",
-               "raw min", "ratio", "engine med", "raw med", "ratio");
-    for (const char* op : {"Insert", "GetEqual", "GetNext", "Update", "Commit"}) {
-      std::string line = fmt::format("{:<10}", op);
-      for (const char* stat : {"min", "median"}) {
-        const auto found = times_.find(stat);
-        if (found == times_.end()) continue;
-        const auto e = found->second.find(std::string(op) + "/engine");
-        const auto r = found->second.find(std::string(op) + "/raw");
-        if (e == found->second.end() || r == found->second.end() || e->second <= 0) continue;
-        line += fmt::format(" {:>10.3f} {:>10.3f} {:>7.2f}  ", e->second, r->second,
-                            r->second / e->second);
-      }
-      fmt::print("{}\n", line);
-    }
-    fmt::print(
-        "(times per iteration: Insert and GetNext in ms for the whole file, GetEqual in us,\n"
-        " Update in ms for 10,000 records in one transaction, Commit in ms for 1,000 commits;\n"
-        " ratio: the engine's speed as a fraction of raw SQLite's; aim 0.8, floor 0.5)\n");
-  }
-
- private:
-  std::map<std::string, std::map<std::string, double>> times_;
-};
-
-double Fastest(const std::vector<double>& v) {
-  return *std::min_element(v.begin(), v.end());
+  fmt::print(
+      "(times per iteration: Insert and GetNext in ms for the whole file, GetEqual in us,\n"
+      " Update in ms for 10,000 records in one transaction, Commit in ms for 1,000 commits;\n"
+      " ratio: the engine's speed as a fraction of raw SQLite's; aim 0.8, floor 0.5)\n");
 }
 
 bool TakeFlag(std::string_view arg, std::string_view name, std::string& value) {
@@ -482,14 +457,9 @@ int main(int argc, char** argv) {
         ->UseRealTime()
         ->ReportAggregatesOnly(true);
   }
-  static char interleave[] = "--benchmark_enable_random_interleaving=true";
-  rest.insert(rest.begin() + 1, interleave);  // a flag given on the command line still wins
-  int count = static_cast<int>(rest.size());
-  benchmark::Initialize(&count, rest.data());
-  RatioReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  reporter.PrintRatios();
-  benchmark::Shutdown();
+  AggregateReporter reporter;
+  RunInterleaved(static_cast<int>(rest.size()), rest.data(), reporter);
+  PrintRatios(reporter);
   std::filesystem::remove_all(s.dir);
   return 0;
 }

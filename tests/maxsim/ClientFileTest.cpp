@@ -41,6 +41,22 @@ Read GetEqual(const std::string& database, const std::string& key, int32_t room 
   return read;
 }
 
+// Puts `record` in place of the client's record, as a crash between maxsim's two commits of a
+// write would leave it.
+void Overwrite(const std::string& database, const std::string& key, std::string record) {
+  RecordEngine engine;
+  std::string pos(128, '\0'), data(record.size(), '\0'), keyBuffer = database + "/MXZC.MAX";
+  int32_t length = 0;
+  ASSERT_EQ(engine.BTRCALL(kOpOpen, pos, data, length, keyBuffer, 255, 0), 0);
+  keyBuffer = key;
+  keyBuffer.resize(255, '\0');
+  length = static_cast<int32_t>(data.size());
+  ASSERT_EQ(engine.BTRCALL(kOpGetEqual, pos, data, length, keyBuffer, 255, 0), 0);
+  length = static_cast<int32_t>(record.size());
+  ASSERT_EQ(engine.BTRCALL(kOpUpdate, pos, record, length, keyBuffer, 255, 0), 0);
+  engine.BTRCALL(kOpClose, pos, data, length, keyBuffer, 255, 0);
+}
+
 std::string Text(const std::string& record, size_t offset, size_t width) {
   std::string text = record.substr(offset, width);
   return text.substr(0, text.find('\0'));
@@ -108,6 +124,15 @@ TEST_F(ClientFileTest, FieldWritesStampTheLastChangeAndSurviveARestart) {
   EXPECT_EQ(smith.record.substr(134, 4), std::string("\x17\x0B\xEA\x07", 4));  // 23 11 2026
   EXPECT_EQ(smith.record.substr(138, 4), std::string("\0\x0F\x1E\x09", 4));    // 09:30:15
 
+  // Within the same second a UDF leaves the record as it is, and a field still changes it.
+  clock_.Set(DateFromParts(2026, 11, 23, 9, 30, 15) + 0.4 / 86400);
+  record_->SetFieldValue("Credit Limit", "5000");
+  record_->SetFieldValue("Zip_/_Postal_Code", "4319");
+  smith = GetEqual(maxsim_.Database(), Key("240118/0002"));
+  EXPECT_EQ(Text(smith.record, 1462, 80), "4319");
+  EXPECT_EQ(smith.record.substr(134, 8), std::string("\x17\x0B\xEA\x07\0\x0F\x1E\x09", 8));
+  EXPECT_EQ(maxsim_.StoredUdf("240118/0002", "Credit Limit"), "5000");
+
   // A refused UDF value changes nothing, the stamp included; an accepted one moves it.
   clock_.Set(DateFromParts(2026, 12, 1, 14, 5, 0));
   record_->SetFieldValue("Date Billed", "yesterday");
@@ -118,9 +143,13 @@ TEST_F(ClientFileTest, FieldWritesStampTheLastChangeAndSurviveARestart) {
   smith = GetEqual(maxsim_.Database(), Key("240118/0002"));
   EXPECT_EQ(smith.record.substr(134, 8), std::string("\x01\x0C\xEA\x07\0\0\x05\x0E", 8));
 
-  // The store keeps the changes: a restarted instance and a dump show them.
+  // The store keeps the changes: a restarted instance and a dump show them, and the instance
+  // brings a record the store is ahead of back in line.
   ASSERT_EQ(maxsim_.Ctl({"quit"}).status, 0);
   maxsim_.Wait();
+  std::string stale = smith.record;
+  stale.replace(1222, 8, "Stale\0\0\0", 8);
+  Overwrite(maxsim_.Database(), Key("240118/0002"), stale);
   const RunResult dump = RunMaxsim({"dump", maxsim_.Database()});
   ASSERT_EQ(dump.status, 0);
   EXPECT_NE(dump.out.find("\"City\": \"Umhlanga\""), std::string::npos);
@@ -130,6 +159,7 @@ TEST_F(ClientFileTest, FieldWritesStampTheLastChangeAndSurviveARestart) {
   Ctl({"select", "240118/0002"});
   EXPECT_EQ(record->GetFieldValue("Date Billed"), "01 Dec 2026");
   EXPECT_EQ(record->GetFieldValue("Identification"), "240118/0002");
+  EXPECT_EQ(GetEqual(maxsim_.Database(), Key("240118/0002")).record, smith.record);
 }
 
 TEST(ClientFileLength, LongerRecordsThanTolmensBuffer) {

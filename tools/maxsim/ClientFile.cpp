@@ -143,11 +143,31 @@ int16_t ClientFile::Call(uint16_t operation, std::string& data, std::string& key
   return engine_.BTRCALL(operation, positionBlock_, data, length, key, kKeyBufferLength, keyNumber);
 }
 
-void ClientFile::Rewrite(const AddressBook& book, size_t place) {
-  std::string data(book.recordLength, '\0'), key = ClientKey(book.clients.at(place));
-  if (int16_t status = Call(kOpGetEqual, data, key, 0)) Fail("Get Equal", status);
+void ClientFile::Write(const std::string& record, std::string key, uint16_t recordLength) {
+  std::string data(recordLength, '\0');
+  const int16_t found = Call(kOpGetEqual, data, key, 0);
+  if (found == kStatusKeyNotFound) {
+    std::string inserted = record;
+    if (int16_t status = Call(kOpInsert, inserted, key, 0)) Fail("Insert", status);
+    return;
+  }
+  if (found != kStatusOk) Fail("Get Equal", found);
+  if (data == record) return;
+  std::string updated = record;
+  if (int16_t status = Call(kOpUpdate, updated, key, 0)) Fail("Update", status);
+}
+
+void ClientFile::Sync(const AddressBook& book) {
+  for (size_t place = 0; place < book.clients.size(); ++place)
+    Write(ClientRecord(book, place), ClientKey(book.clients[place]), book.recordLength);
+}
+
+void ClientFile::Rewrite(const AddressBook& book, size_t place, const std::string& was) {
   std::string record = ClientRecord(book, place);
-  if (int16_t status = Call(kOpUpdate, record, key, 0)) Fail("Update", status);
+  if (record == was && !behind_.contains(place)) return;
+  behind_.insert(place);
+  Write(record, ClientKey(book.clients.at(place)), book.recordLength);
+  behind_.erase(place);
 }
 
 }  // namespace tolmen::maxsim

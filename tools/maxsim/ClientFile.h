@@ -31,6 +31,7 @@
 // Key 0 (unique): Clie_id (24 bytes, string) + Cont_no (2 bytes, integer).
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "Model.h"
@@ -56,14 +57,22 @@ class ClientFile {
   ClientFile& operator=(const ClientFile&) = delete;
   ~ClientFile();
 
-  // Writes the client's record anew (found by its key). Throws std::runtime_error on failure.
-  void Rewrite(const AddressBook& book, size_t place);
+  // Brings every client's record in line with the book, writing only those that differ: a crash
+  // between the store's commit and this file's leaves the file one change behind.
+  void Sync(const AddressBook& book);
+  // Writes the client's record anew (found by its key) unless it equals `was`, the record before
+  // the change: several writes within one second leave the record as it was. Throws
+  // std::runtime_error on failure; that client's record is then written at its next change.
+  void Rewrite(const AddressBook& book, size_t place, const std::string& was);
 
  private:
   int16_t Call(uint16_t operation, std::string& data, std::string& key, int16_t keyNumber);
+  // Get Equal on the client's key, then Update; Insert when the file has no such record.
+  void Write(const std::string& record, std::string key, uint16_t recordLength);
 
   RecordEngine engine_;
   std::string positionBlock_ = std::string(128, '\0');
+  std::set<size_t> behind_;  // places whose last write failed
 };
 
 }  // namespace tolmen::maxsim

@@ -168,6 +168,7 @@ int Serve(const std::string& socketPath, Session& session, std::ostream& out) {
   while (!stop && !session.QuitRequested()) {
     std::vector<pollfd> waits = {{signals, POLLIN, 0}, {listener, POLLIN, 0}};
     for (const Connection& c : connections) waits.push_back({c.fd, POLLIN, 0});
+    session.WhenIdle();
     if (::poll(waits.data(), waits.size(), -1) < 0) {
       if (errno == EINTR) continue;
       break;

@@ -10,6 +10,7 @@
 #include "platform/ui/Clock.h"
 #include "runtime/Conversion.h"
 #include "runtime/Cp1252.h"
+#include "runtime/DateTime.h"
 #include "runtime/Strings.h"
 #include "runtime/SystemPath.h"
 
@@ -80,6 +81,13 @@ void WriteLines(const std::string& path, const std::vector<std::string>& lines) 
   if (!out) throw Refused("cannot write " + Utf8ToCp1252(path));
 }
 
+// Whether two times fall in the same second, as the client file and the dump keep them.
+bool SameSecond(double a, double b) {
+  const DateParts x = SplitDate(a), y = SplitDate(b);
+  return x.dayNumber == y.dayNumber && x.hour == y.hour && x.minute == y.minute &&
+         x.second == y.second;
+}
+
 }  // namespace
 
 Session::Session(Clock& clock, std::string databaseListFile)
@@ -96,6 +104,7 @@ void Session::Open(const std::string& folder) {
   db->store = std::make_unique<Store>(SystemPath(db->path + "/" + kStoreName));
   db->book = db->store->Load();
   db->file = std::make_unique<ClientFile>(SystemPath(db->path + "/" + kClientFileName));
+  db->file->Sync(db->book);
   if (db->book.name.empty()) db->book.name = std::filesystem::path(db->path).filename().string();
   db_ = std::move(db);
   const auto known = std::find_if(knownDatabases_.begin(), knownDatabases_.end(),
@@ -110,6 +119,10 @@ void Session::Open(const std::string& folder) {
   filledAt_.reset();
   fillPending_ = false;
   listGrowSeconds_ = 0;
+}
+
+void Session::WhenIdle() {
+  if (db_) db_->store->WhenIdle();
 }
 
 void Session::Close() {
@@ -304,6 +317,12 @@ std::string Session::FieldValue(const Client& client, const std::string& name) c
 void Session::SetField(size_t place, const std::string& name, const std::string& value,
                        double now) {
   Client& client = db_->book.clients[place];
+  // The last change is kept to the second: later writes within the same second leave it. The
+  // client's record holds the fields and the last change, not the UDFs.
+  const std::optional<double> stamp =
+      SameSecond(client.lastChange, now) ? std::nullopt : std::optional(now);
+  const bool inRecord = stamp || FindField(name);
+  const std::string was = inRecord ? ClientRecord(db_->book, place) : std::string();
   if (const auto field = FindField(name)) {
     // The record's identity and type are not the caller's to change.
     if (*field == kFieldId || *field == kFieldRecType || *field == kFieldContact) return;
@@ -315,19 +334,18 @@ void Session::SetField(size_t place, const std::string& name, const std::string&
         return;
       stored = std::to_string(static_cast<int64_t>(number.value));
     }
+    db_->store->SaveField(place, *field, stored, stamp);
     client.fields[*field] = stored;
-    client.lastChange = now;
-    db_->store->SaveField(place, *field, stored, now);
   } else if (const auto udf = db_->book.FindUdf(name)) {
     const auto stored = UdfValue(db_->book.udfs[*udf], value);
     if (!stored) return;  // a value that does not suit the type is refused silently
+    db_->store->SaveUdf(place, *udf, *stored, stamp);
     client.udfs[*udf] = *stored;
-    client.lastChange = now;
-    db_->store->SaveUdf(place, *udf, *stored, now);
   } else {
     return;
   }
-  db_->file->Rewrite(db_->book, place);
+  if (stamp) client.lastChange = *stamp;
+  if (inRecord) db_->file->Rewrite(db_->book, place, was);
 }
 
 void Session::WriteDatabaseList() const {

@@ -46,6 +46,8 @@ class Session {
 
   nlohmann::ordered_json Handle(const nlohmann::ordered_json& request);
   bool QuitRequested() const { return quit_; }
+  // Work put off while calls come quickly; the server calls it before it waits.
+  void WhenIdle();
 
  private:
   struct Database {

@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "Model.h"
@@ -35,13 +36,25 @@ class Store {
   static void Create(const std::string& path, const AddressBook& book);
 
   AddressBook Load();
-  // A changed field or UDF value of the client at `place`, with its new last-change time.
-  void SaveField(size_t place, size_t field, const std::string& value, double lastChange);
-  void SaveUdf(size_t place, size_t udf, const std::string& value, double lastChange);
+  // Copies the store's log into the file when it has grown: called between calls, so that the
+  // disk's wait falls outside them.
+  void WhenIdle();
+  // A changed field or UDF value of the client at `place`, with its new last-change time, or
+  // none when the time stays as it is: then the value is the one row written.
+  void SaveField(size_t place, size_t field, const std::string& value,
+                 std::optional<double> lastChange);
+  void SaveUdf(size_t place, size_t udf, const std::string& value,
+               std::optional<double> lastChange);
 
  private:
-  explicit Store(sqlite3* db) : db_(db) {}
+  explicit Store(sqlite3* db);
+  // SQLite's hook after each commit, with the number of pages in the log.
+  static int AfterCommit(void* self, sqlite3* db, const char* name, int pages);
+  void Checkpoint();
   void Exec(const std::string& sql);
+  // Runs `work` and the client's new last-change time in one transaction; without a new time,
+  // `work`'s single statement is its own transaction.
+  void Save(size_t place, std::optional<double> lastChange, const std::function<void()>& work);
   // Runs `work` in one transaction, rolled back when it throws.
   void InTransaction(const std::function<void()>& work);
   void Fill(const AddressBook& book);
@@ -51,6 +64,7 @@ class Store {
   sqlite3_stmt* Kept(const char* sql);
 
   sqlite3* db_ = nullptr;
+  int logPages_ = 0;
   std::map<const char*, sqlite3_stmt*> kept_;
 };
 
