@@ -20,7 +20,7 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/help/ DESTINATION share/tolmen/help)
 install(FILES ${CMAKE_SOURCE_DIR}/data/kelbor.gif DESTINATION share/tolmen)
 
 install(PROGRAMS ${CMAKE_SOURCE_DIR}/tools/demo/demo.sh DESTINATION share/tolmen/examples/demo)
-install(FILES ${CMAKE_SOURCE_DIR}/tools/demo/demo.KTF ${CMAKE_SOURCE_DIR}/tools/demo/demo.script
+install(FILES ${CMAKE_SOURCE_DIR}/tools/demo/world.sh ${CMAKE_SOURCE_DIR}/tools/demo/demo.KTF ${CMAKE_SOURCE_DIR}/tools/demo/demo.script
               ${CMAKE_SOURCE_DIR}/tools/demo/billing.KTF
               ${CMAKE_SOURCE_DIR}/tools/demo/billing.script
         DESTINATION share/tolmen/examples/demo)

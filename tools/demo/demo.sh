@@ -15,10 +15,8 @@ cleanup() {
   [ -n "${DEMO_KEEP:-}" ] || rm -rf "$WORK"
 }
 trap cleanup EXIT
-export TOLMEN_HOME="$WORK/home" XDG_CONFIG_HOME="$WORK/config" XDG_RUNTIME_DIR="$WORK/run"
-export MAXIMIZER_SOCKET="$WORK/run/maximizer.sock"
-export TOLMEN_NOW="2026-11-23 09:00:00"
-mkdir -p "$TOLMEN_HOME" "$XDG_RUNTIME_DIR"
+source "$HERE/world.sh"
+world_env "$WORK"
 
 echo "== Pastel set of accounts in $WORK/pastel (pasteldata)"
 "$BIN/pasteldata" create "$WORK/pastel" < "$HERE/../pasteldata/samples/demo.json"
@@ -27,18 +25,13 @@ ls "$WORK/pastel"
 echo
 echo "== Maximizer address book in $WORK/maximizer (maxsim)"
 "$BIN/maxsim" init "$WORK/maximizer" --from "$HERE/../maxsim/samples/demo.json"
-"$BIN/maxsim" serve "$WORK/maximizer" > "$WORK/maxsim.out" 2>&1 &
-MAXSIM_PID=$!
-for _ in $(seq 100); do grep -q ready "$WORK/maxsim.out" 2>/dev/null && break; sleep 0.1; done
-grep -q ready "$WORK/maxsim.out" || { cat "$WORK/maxsim.out"; exit 1; }
+start_maxsim "$BIN" "$WORK"
 "$BIN/maxsim" dump "$WORK/maximizer" > "$WORK/before.json"
 
 # The template: the Pastel folder, every client of the address book marked "Yes" in the UDF
 # "Import to Pastel", categories from the UDF "Customer Category", account numbers in the UDF
 # "Account Number" (new ones are proposed from the names and written back).
-sed -e "s|@PASTEL@|$WORK/pastel/|" -e "s|@MAXIMIZER@|$WORK/maximizer|" "$HERE/demo.KTF" |
-  sed 's/$/\r/' > "$TOLMEN_HOME/demo.KTF"
-sed -e "s|@TEMPLATE@|$TOLMEN_HOME/demo.KTF|" "$HERE/demo.script" > "$WORK/demo.script"
+place_template demo "$HERE" "$WORK"
 
 echo
 echo "== Tolmen on the script front-end ($HERE/demo.script)"
@@ -79,9 +72,7 @@ echo "== Recurring billing: the template billing.KTF bills monthly at the prices
 # Prices by category (excluding tax); Farming is not billed (-1), Services has no price.
 mkdir -p "$XDG_CONFIG_HOME/Vellumator7"
 printf '[Billing]\nRetail=100\nWholesale=250\nFarming=-1\n' >> "$XDG_CONFIG_HOME/Vellumator7/settings.ini"
-sed -e "s|@PASTEL@|$WORK/pastel/|" -e "s|@MAXIMIZER@|$WORK/maximizer|" "$HERE/billing.KTF" |
-  sed 's/$/\r/' > "$TOLMEN_HOME/billing.KTF"
-sed -e "s|@TEMPLATE@|$TOLMEN_HOME/billing.KTF|" "$HERE/billing.script" > "$WORK/billing.script"
+place_template billing "$HERE" "$WORK"
 "$BIN/maxsim" dump "$WORK/maximizer" > "$WORK/before-billing.json"
 status=0
 TOLMEN_UI=script TOLMEN_SCRIPT="$WORK/billing.script" TOLMEN_TRANSCRIPT="$WORK/billing.txt" \

@@ -17,21 +17,13 @@ OUT=$(cd "$OUT" && pwd)
 MAXSIM_PID=
 cleanup() { [ -n "$MAXSIM_PID" ] && kill "$MAXSIM_PID" 2>/dev/null && wait "$MAXSIM_PID" 2>/dev/null; true; }
 trap cleanup EXIT
-export TOLMEN_HOME="$OUT/home" XDG_CONFIG_HOME="$OUT/config" XDG_RUNTIME_DIR="$OUT/run"
-export MAXIMIZER_SOCKET="$OUT/run/maximizer.sock"
-export TOLMEN_NOW="2026-11-23 09:00:00"
-mkdir -p "$TOLMEN_HOME" "$XDG_RUNTIME_DIR"
+source "$HERE/world.sh"
+world_env "$OUT"
 
 "$BIN/pasteldata" create "$OUT/pastel" < "$HERE/../pasteldata/samples/demo.json" > /dev/null
 "$BIN/maxsim" init "$OUT/maximizer" --from "$HERE/../maxsim/samples/demo.json" > /dev/null
-"$BIN/maxsim" serve "$OUT/maximizer" > "$OUT/maxsim.out" 2>&1 &
-MAXSIM_PID=$!
-for _ in $(seq 100); do grep -q ready "$OUT/maxsim.out" 2>/dev/null && break; sleep 0.1; done
-grep -q ready "$OUT/maxsim.out" || { cat "$OUT/maxsim.out" >&2; exit 1; }
-
-sed -e "s|@PASTEL@|$OUT/pastel/|" -e "s|@MAXIMIZER@|$OUT/maximizer|" "$HERE/demo.KTF" |
-  sed 's/$/\r/' > "$TOLMEN_HOME/demo.KTF"
-sed -e "s|@TEMPLATE@|$TOLMEN_HOME/demo.KTF|" "$HERE/demo.script" > "$OUT/demo.script"
+start_maxsim "$BIN" "$OUT"
+place_template demo "$HERE" "$OUT"
 
 status=0
 TOLMEN_UI="$UI" TOLMEN_SCRIPT="$OUT/demo.script" TOLMEN_TRANSCRIPT="$OUT/transcript.txt" \
