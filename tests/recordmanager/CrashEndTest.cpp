@@ -48,12 +48,10 @@ TEST(CrashInEnd, EveryFileHoldsAllOrNoneOfTheTransaction) {
     size_t log;
     bool all;
   };
-  const Case cases[] = {
-      {"End finishes", 0, true},
-      {"the first file's commit", 1, false},
-      {"the second file's commit, one file committed", 2, false},
-      {"the deciding file's commit, two files committed", 3, false},
-  };
+  const Case cases[] = {{"End finishes", 0, true},
+                        {"the first file's commit", 1, false},
+                        {"the second file's commit, one file committed", 2, false},
+                        {"the deciding file's commit, two files committed", 3, false}};
   for (const Case& k : cases) {
     SCOPED_TRACE(k.moment);
     TempDir dir;

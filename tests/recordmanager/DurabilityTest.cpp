@@ -1,5 +1,4 @@
-// The engine's durability setting (EngineOptions.h): WAL with
-// synchronous=NORMAL. SQLite's syncs are counted through a VFS that wraps the default one.
+// WAL with synchronous=NORMAL; SQLite's syncs are counted through a VFS wrapping the default one.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -87,9 +86,7 @@ TEST(Durability, CommitsAppendToTheLogUnsyncedAndAClosedFileIsWholeOnItsOwn) {
   std::filesystem::copy_file(path, copy);
   Client c(engine);
   ASSERT_EQ(c.Open(copy, -2), 0);
-  int count = 0;
-  for (int16_t st = c.Get(kOpGetFirst); st == 0; st = c.Get(kOpGetNext)) ++count;
-  EXPECT_EQ(count, 21);
+  EXPECT_EQ(Count(c), 21);
 
   // A rollback journal keeps synchronous=FULL: every commit syncs.
   EngineOptions rollback;

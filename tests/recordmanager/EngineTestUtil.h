@@ -78,14 +78,46 @@ std::string Le(T v) {
   return s;
 }
 
-// A file of 16-byte records with one unique 4-byte integer key at the start, and its record n.
-inline FileDef SmallIntegerFile() {
-  return FileDef{16, 4096, false, {KeyDef{false, false, {SegmentDef{1, 4, KeyType::Integer}}}}};
+// A file of records with one unique 4-byte integer key at the start, and its record n.
+inline FileDef SmallIntegerFile(uint16_t length = 16) {
+  return FileDef{length, 4096, false, {KeyDef{false, false, {SegmentDef{1, 4, KeyType::Integer}}}}};
 }
-inline std::string SmallRecord(int32_t n) {
+inline std::string SmallRecord(int32_t n, size_t length = 16) {
   std::string r = Le(n);
-  r.resize(16, '-');
+  r.resize(length, '-');
   return r;
+}
+inline int Count(Client& c) {
+  int n = 0;
+  for (int16_t st = c.Get(kOpGetFirst); st == 0; st = c.Get(kOpGetNext)) ++n;
+  return n;
+}
+
+// People: id (INTEGER 4, unique, modifiable), name (STRING 8, duplicates, modifiable), code
+// (STRING 4, unique, case-insensitive and modifiable as asked). 32-byte records.
+inline FileDef People(bool codeModifiable = false, bool codeNoCase = false) {
+  return FileDef{
+      32,
+      4096,
+      false,
+      {KeyDef{false, true, {SegmentDef{1, 4, KeyType::Integer}}},
+       KeyDef{true, true, {SegmentDef{5, 8, KeyType::String}}},
+       KeyDef{false, codeModifiable, {SegmentDef{13, 4, KeyType::String, false, codeNoCase}}}}};
+}
+inline std::string Person(int32_t id, const std::string& name, const std::string& code,
+                          const std::string& note = "") {
+  std::string r = Le(id) + name;
+  r.resize(12, ' ');
+  r += code;
+  r.resize(16, ' ');
+  r += note;
+  r.resize(32, '.');
+  return r;
+}
+inline int32_t IdOf(const std::string& record) {
+  int32_t id = 0;
+  std::memcpy(&id, record.data(), 4);
+  return id;
 }
 
 }  // namespace tolmen::test

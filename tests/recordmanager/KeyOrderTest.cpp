@@ -99,8 +99,7 @@ const OrderCase kCases[] = {
      Key({Seg(1, 3, KeyType::String), Seg(4, 2, KeyType::Integer, true)}),
      {"abc" + Le<int16_t>(1), "abc" + Le<int16_t>(5), "abb" + Le<int16_t>(9),
       "abd" + Le<int16_t>(0)},
-     {2, 1, 0, 3}},
-};
+     {2, 1, 0, 3}}};
 
 class KeyOrderTest : public ::testing::TestWithParam<OrderCase> {};
 
