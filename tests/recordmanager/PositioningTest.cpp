@@ -177,9 +177,10 @@ TEST_F(PeopleFile, StatPositionAndDirect) {
   EXPECT_EQ(stats.pageSize, 4096);
   EXPECT_EQ(stats.keyCount, 3);
   EXPECT_EQ(f.data.substr(6, 4), Le<uint32_t>(5)) << "record count at offset 6";
-  auto layout = [](const FileStat& f) {
+  auto layout = [](const FileStat& file) {
     std::vector<std::tuple<int, int, int, int>> segments;
-    for (const auto& g : f.segments) segments.emplace_back(g.position, g.length, g.flags, g.type);
+    for (const auto& g : file.segments)
+      segments.emplace_back(g.position, g.length, g.flags, g.type);
     return segments;
   };
   EXPECT_EQ(layout(stats), layout(ToFileStat(People())));

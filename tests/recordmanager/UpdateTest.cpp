@@ -53,7 +53,9 @@ TEST(Update, EveryKeyFindsTheRecordAndDuplicatesKeepOrChangeTheirPlace) {
     }
     ASSERT_EQ(IdOf(f.data), 30);
     ASSERT_EQ(f.Update(k.updated, k.keyNum), 0);
-    if (k.keyNum == 1) EXPECT_EQ(f.key.substr(0, 8), k.updated.substr(4, 8)) << "key buffer";
+    if (k.keyNum == 1) {
+      EXPECT_EQ(f.key.substr(0, 8), k.updated.substr(4, 8)) << "the key buffer";
+    }
 
     std::vector<int32_t> next;
     while (f.Get(kOpGetNext, k.keyNum) == 0) next.push_back(IdOf(f.data));
