@@ -60,9 +60,8 @@ TEST(CrashInEnd, EveryFileHoldsAllOrNoneOfTheTransaction) {
       RecordEngine engine;
       for (const char* name : kFiles) {
         paths.push_back(dir.File(name));
-        ASSERT_EQ(CreateFile(engine, paths.back(), SmallIntegerFile()), 0);
         Client c(engine);
-        ASSERT_EQ(c.Open(paths.back()), 0);
+        ASSERT_EQ(c.Create(paths.back(), SmallIntegerFile()), 0);
         for (int32_t n = 1; n <= 3; ++n) ASSERT_EQ(c.Insert(SmallRecord(n)), 0);
       }
     }

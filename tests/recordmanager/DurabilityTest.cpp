@@ -54,9 +54,8 @@ TEST(Durability, CommitsAppendToTheLogUnsyncedAndAClosedFileIsWholeOnItsOwn) {
   TempDir dir;
   const std::string path = dir.File("clients.dat");
   RecordEngine engine;
-  ASSERT_EQ(CreateFile(engine, path, SmallIntegerFile()), 0);
   Client f(engine);
-  ASSERT_EQ(f.Open(path), 0);
+  ASSERT_EQ(f.Create(path, SmallIntegerFile()), 0);
   ASSERT_EQ(f.Insert(SmallRecord(0)), 0);  // the log's first commit syncs its header
   counter.Take();
   for (int32_t n = 1; n <= 20; ++n) ASSERT_EQ(f.Insert(SmallRecord(n)), 0);
@@ -93,8 +92,7 @@ TEST(Durability, CommitsAppendToTheLogUnsyncedAndAClosedFileIsWholeOnItsOwn) {
   rollback.journal = EngineOptions::Journal::Delete;
   RecordEngine other(rollback);
   Client d(other);
-  ASSERT_EQ(CreateFile(other, dir.File("rollback.dat"), SmallIntegerFile()), 0);
-  ASSERT_EQ(d.Open(dir.File("rollback.dat")), 0);
+  ASSERT_EQ(d.Create(dir.File("rollback.dat"), SmallIntegerFile()), 0);
   counter.Take();
   for (int32_t n = 1; n <= 5; ++n) ASSERT_EQ(d.Insert(SmallRecord(n)), 0);
   EXPECT_GE(counter.Take(), 5);

@@ -17,6 +17,13 @@
 
 namespace tolmen::test {
 
+inline int16_t CreateFile(RecordEngine& engine, const std::string& path, const FileDef& def,
+                          int16_t mode = 0) {
+  std::string pos(128, ' '), data = BuildCreateBuffer(def), key = path;
+  auto len = static_cast<int32_t>(data.size());
+  return engine.BTRCALL(kOpCreate, pos, data, len, key, 255, mode);
+}
+
 // The buffers of one position block.
 class Client {
  public:
@@ -35,6 +42,11 @@ class Client {
     data.clear();
     dataLen = 0;
     return Call(kOpOpen, mode);
+  }
+  // Creates the file and opens it: the first status that is not 0.
+  int16_t Create(const std::string& path, const FileDef& def) {
+    const int16_t st = CreateFile(engine_, path, def);
+    return st != 0 ? st : Open(path);
   }
   int16_t Insert(const std::string& record, int16_t keyNum = 0) {
     data = record;
@@ -62,13 +74,6 @@ class Client {
  private:
   RecordEngine& engine_;
 };
-
-inline int16_t CreateFile(RecordEngine& engine, const std::string& path, const FileDef& def,
-                          int16_t mode = 0) {
-  std::string pos(128, ' '), data = BuildCreateBuffer(def), key = path;
-  auto len = static_cast<int32_t>(data.size());
-  return engine.BTRCALL(kOpCreate, pos, data, len, key, 255, mode);
-}
 
 // Little-endian bytes of an integer.
 template <typename T>

@@ -108,9 +108,8 @@ TEST_P(KeyOrderTest, RecordsComeBackInKeyOrderBothWays) {
   TempDir dir;
   RecordEngine engine;
   FileDef def{kRecordLength, 4096, false, {c.key}};
-  ASSERT_EQ(CreateFile(engine, dir.File("order.dat"), def), 0);
   Client f(engine);
-  ASSERT_EQ(f.Open(dir.File("order.dat")), 0);
+  ASSERT_EQ(f.Create(dir.File("order.dat"), def), 0);
   for (size_t i = 0; i < c.fields.size(); ++i) {
     std::string record = c.fields[i];
     record.resize(kRecordLength - 1, '\0');
@@ -138,9 +137,8 @@ TEST(AutoIncrementTest, ZeroTakesNextValueAndOrderIsByAbsoluteValue) {
   TempDir dir;
   RecordEngine engine;
   FileDef def{8, 4096, false, {Key({Seg(1, 4, KeyType::AutoIncrement)})}};
-  ASSERT_EQ(CreateFile(engine, dir.File("auto.dat"), def), 0);
   Client f(engine);
-  ASSERT_EQ(f.Open(dir.File("auto.dat")), 0);
+  ASSERT_EQ(f.Create(dir.File("auto.dat"), def), 0);
   auto record = [](int32_t id) { return Le(id) + "abcd"; };
   ASSERT_EQ(f.Insert(record(0)), 0);
   EXPECT_EQ(f.data.substr(0, 4), Le<int32_t>(1)) << "the assigned value comes back in the record";

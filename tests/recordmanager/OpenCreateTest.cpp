@@ -44,9 +44,8 @@ TEST(OpenTest, ModesAndPositionBlocks) {
   TempDir dir;
   const std::string path = dir.File("f.dat");
   RecordEngine engine;
-  ASSERT_EQ(CreateFile(engine, path, SmallIntegerFile()), 0);
   Client writer(engine);
-  ASSERT_EQ(writer.Open(path), 0);
+  ASSERT_EQ(writer.Create(path, SmallIntegerFile()), 0);
   ASSERT_EQ(writer.Insert(SmallRecord(1)), 0);
 
   Client reader(engine);

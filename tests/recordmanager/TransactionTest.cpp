@@ -89,9 +89,8 @@ TEST_P(JournalTest, AProcessDyingInsideATransactionLeavesTheFileWhole) {
   const std::string path = dir.File("crash.dat");
   {
     RecordEngine engine(Options());
-    ASSERT_EQ(CreateFile(engine, path, SmallIntegerFile(1000)), 0);
     Client f(engine);
-    ASSERT_EQ(f.Open(path), 0);
+    ASSERT_EQ(f.Create(path, SmallIntegerFile(1000)), 0);
     for (int32_t n = 0; n < 10; ++n) ASSERT_EQ(f.Insert(SmallRecord(n, 1000)), 0);
   }
   const pid_t child = ::fork();
@@ -125,9 +124,8 @@ TEST_P(JournalTest, NoReadIsLeftOpenBetweenCallsAndOthersReadWhatIsCommitted) {
   TempDir dir;
   const std::string path = dir.File("shared.dat");
   RecordEngine engine(Options());
-  ASSERT_EQ(CreateFile(engine, path, SmallIntegerFile()), 0);
   Client f(engine);
-  ASSERT_EQ(f.Open(path), 0);
+  ASSERT_EQ(f.Create(path, SmallIntegerFile()), 0);
   for (int32_t n = 0; n < 100; ++n) ASSERT_EQ(f.Insert(SmallRecord(n)), 0);
   sqlite3* raw = nullptr;
   ASSERT_EQ(sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);

@@ -26,7 +26,7 @@ TEST(Update, EveryKeyFindsTheRecordAndDuplicatesKeepOrChangeTheirPlace) {
        {10, 30, 40}},
       {"data only, along the unique key", Person(30, "SMITH", "C", "x"), 0, {40, 50}, {10, 30, 40}},
       {"the unique id", Person(35, "SMITH", "C"), 0, {40, 50}, {10, 35, 40}},
-      {"the name: the end of the new group", Person(30, "JONES", "C"), 1, {10, 40}, {10, 40}},
+      {"the name: the end of the new group", Person(30, "BROWN", "C"), 1, {20, 10, 40}, {10, 40}},
       {"the code's case only (case-insensitive key)",
        Person(30, "SMITH", "c"),
        2,
@@ -38,8 +38,7 @@ TEST(Update, EveryKeyFindsTheRecordAndDuplicatesKeepOrChangeTheirPlace) {
     TempDir dir;
     RecordEngine engine;
     Client f(engine);
-    ASSERT_EQ(CreateFile(engine, dir.File("staff.dat"), People(true, true)), 0);
-    ASSERT_EQ(f.Open(dir.File("staff.dat")), 0);
+    ASSERT_EQ(f.Create(dir.File("staff.dat"), People(true, true)), 0);
     for (const std::string& r :
          {Person(10, "SMITH", "A"), Person(20, "JONES", "B"), Person(30, "SMITH", "C"),
           Person(40, "SMITH", "D"), Person(50, "BROWN", "E")}) {
@@ -88,8 +87,7 @@ TEST(Update, AKeyThatMayNotChangeRefusesEvenAChangeOfCase) {
   TempDir dir;
   RecordEngine engine;
   Client f(engine);
-  ASSERT_EQ(CreateFile(engine, dir.File("staff.dat"), People(false, true)), 0);
-  ASSERT_EQ(f.Open(dir.File("staff.dat")), 0);
+  ASSERT_EQ(f.Create(dir.File("staff.dat"), People(false, true)), 0);
   ASSERT_EQ(f.Insert(Person(10, "SMITH", "A")), 0);
   ASSERT_EQ(f.GetKey(kOpGetEqual, Le<int32_t>(10), 0), 0);
   EXPECT_EQ(f.Update(Person(10, "SMITH", "a")), kStatusKeyNotModifiable);
