@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace tolmen {
 namespace {
@@ -26,45 +26,22 @@ TEST(AcceptedStatuses, EveryOperationHasItsRow) {
   }
 }
 
-// The rows' normal outcomes as GlobalIO meets them, then pieces as Val reads them.
+// The rows' normal outcomes as GlobalIO meets them, then pieces as Val reads them: "12" is not
+// read digit by digit, and "" (no row, as for Get Less Than) accepts nothing, not even 0.
 TEST(AcceptedStatuses, PiecesAreReadAsValReadsThem) {
-  const struct {
-    const char* list;
-    std::vector<int16_t> accepted, refused;
-  } cases[] = {{"12,3,9,11", {12, 9}, {1, 22}},  // "12" is not read digit by digit
-               {"4,9", {4}, {22, 84, 49, 94}},
-               {"84", {84}, {}},
-               {"", {}, {9, 0}},  // no row (Get Less Than): "" accepts nothing, not even 0
-               {"12,", {0}, {}},
-               {",5", {0, 5}, {}},
-               {"4,,9", {0}, {}},
-               {" 9 ", {9}, {}},
-               {"\t9", {9}, {}},
-               {"\n9", {9}, {}},
-               {"1 9", {19}, {}},
-               {"9abc", {9}, {}},
-               {"abc9", {}, {9}},
-               {"abc", {0}, {}},
-               {".", {0}, {}},
-               {"-5", {-5}, {}},
-               {"- 5", {-5}, {}},
-               {"+5", {5}, {}},
-               {"--5", {}, {5}},
-               {"9.0", {9}, {}},
-               {"9.5", {}, {9}},
-               {".0", {0}, {}},
-               {"9E1", {90}, {}},
-               {"9d+1", {90}, {}},
-               {"9E", {9}, {}},
-               {"90E-1", {9}, {}},
-               {"&H9", {0}, {9}},
-               {"1E999", {}, {0}},
-               {"32767", {32767}, {}},
-               {"1,-32768", {-32768}, {}}};
-  for (const auto& c : cases) {
-    for (int16_t s : c.accepted) EXPECT_TRUE(StatusInList(s, c.list)) << s << " in \"" << c.list;
-    for (int16_t s : c.refused) EXPECT_FALSE(StatusInList(s, c.list)) << s << " in \"" << c.list;
-  }
+  const std::pair<const char*, int16_t> accepted[] = {
+      {"12,3,9,11", 12}, {"12,3,9,11", 9},    {"4,9", 4},  {"84", 84},   {"12,", 0},
+      {",5", 0},         {",5", 5},           {"4,,9", 0}, {" 9 ", 9},   {"\t9", 9},
+      {"\n9", 9},        {"1 9", 19},         {"9abc", 9}, {"abc", 0},   {".", 0},
+      {"-5", -5},        {"- 5", -5},         {"+5", 5},   {"9.0", 9},   {".0", 0},
+      {"9E1", 90},       {"9d+1", 90},        {"9E", 9},   {"90E-1", 9}, {"&H9", 0},
+      {"32767", 32767},  {"1,-32768", -32768}};
+  const std::pair<const char*, int16_t> refused[] = {
+      {"12,3,9,11", 1}, {"12,3,9,11", 22}, {"4,9", 22}, {"4,9", 84}, {"4,9", 49},
+      {"4,9", 94},      {"", 9},           {"", 0},     {"abc9", 9}, {"--5", 5},
+      {"9.5", 9},       {"&H9", 9},        {"1E999", 0}};
+  for (const auto& [list, s] : accepted) EXPECT_TRUE(StatusInList(s, list)) << s << " in " << list;
+  for (const auto& [list, s] : refused) EXPECT_FALSE(StatusInList(s, list)) << s << " in " << list;
 }
 
 }  // namespace
