@@ -9,8 +9,8 @@
 namespace tolmen::test {
 namespace {
 
-constexpr uint16_t kRecordLength =
-    24;  // the key fields first, the record's number in the last byte
+// The key fields first, the record's number in the last byte.
+constexpr uint16_t kRecordLength = 24;
 
 struct OrderCase {
   const char* name;
@@ -149,11 +149,8 @@ TEST(AutoIncrementTest, ZeroTakesNextValueAndOrderIsByAbsoluteValue) {
   EXPECT_EQ(f.data.substr(0, 4), Le<int32_t>(11));
   EXPECT_EQ(f.Insert(record(-2)), kStatusDuplicateKey);
   std::vector<int32_t> ids;
-  for (int16_t st = f.Get(kOpGetFirst); st == 0; st = f.Get(kOpGetNext)) {
-    int32_t id;
-    std::memcpy(&id, f.data.data(), 4);
-    ids.push_back(id);
-  }
+  for (int16_t st = f.Get(kOpGetFirst); st == 0; st = f.Get(kOpGetNext))
+    ids.push_back(IdOf(f.data));
   EXPECT_EQ(ids, (std::vector<int32_t>{1, 2, -10, 11}));
 }
 

@@ -42,31 +42,26 @@ TEST_F(PeopleFile, GetOperationsFindTheirRecordOrGive4Or9) {
   Load();
   struct Case {
     uint16_t op;
-    int32_t from;
-    int16_t status;
-    int32_t id;
+    int32_t from, result;  // the id found or, in `none`, the status
   };
-  const Case cases[] = {{kOpGetEqual, 20, 0, 20},
-                        {kOpGetEqual, 25, kStatusKeyNotFound, 0},
-                        {kOpGetGreater, 20, 0, 30},
-                        {kOpGetGreaterOrEqual, 20, 0, 20},
-                        {kOpGetGreaterOrEqual, 21, 0, 30},
-                        {kOpGetGreater, 50, kStatusEndOfFile, 0},
-                        {kOpGetGreaterOrEqual, 51, 9, 0},
-                        {kOpGetLess, 20, 0, 10},
-                        {kOpGetLessOrEqual, 20, 0, 20},
-                        {kOpGetLessOrEqual, 19, 0, 10},
-                        {kOpGetLess, 10, kStatusEndOfFile, 0},
-                        {kOpGetLessOrEqual, -7, kStatusEndOfFile, 0}};
-  for (const Case& c : cases) {
+  const Case found[] = {{kOpGetEqual, 20, 20},          {kOpGetGreater, 20, 30},
+                        {kOpGetGreaterOrEqual, 20, 20}, {kOpGetGreaterOrEqual, 21, 30},
+                        {kOpGetLess, 20, 10},           {kOpGetLessOrEqual, 20, 20},
+                        {kOpGetLessOrEqual, 19, 10}};
+  for (const Case& c : found) {
     SCOPED_TRACE("op " + std::to_string(c.op) + " from " + std::to_string(c.from));
-    ASSERT_EQ(f.GetKey(c.op, Le(c.from)), c.status);
-    if (c.status == 0) {
-      EXPECT_EQ(IdOf(f.data), c.id);
-      EXPECT_EQ(f.dataLen, 32);
-      EXPECT_EQ(f.key.substr(0, 4), Le(c.id)) << "the key value comes back in the key buffer";
-    }
+    ASSERT_EQ(f.GetKey(c.op, Le(c.from)), 0);
+    EXPECT_EQ(IdOf(f.data), c.result);
+    EXPECT_EQ(f.dataLen, 32);
+    EXPECT_EQ(f.key.substr(0, 4), Le(c.result)) << "the key value comes back in the key buffer";
   }
+  const Case none[] = {{kOpGetEqual, 25, kStatusKeyNotFound},
+                       {kOpGetGreater, 50, kStatusEndOfFile},
+                       {kOpGetGreaterOrEqual, 51, kStatusEndOfFile},
+                       {kOpGetLess, 10, kStatusEndOfFile},
+                       {kOpGetLessOrEqual, -7, kStatusEndOfFile}};
+  for (const Case& c : none)
+    EXPECT_EQ(f.GetKey(c.op, Le(c.from)), c.result) << c.op << " " << c.from;
   // The ends, and the currency kept by a status 9.
   ASSERT_EQ(f.Get(kOpGetFirst), 0);
   EXPECT_EQ(f.Get(kOpGetPrevious), kStatusEndOfFile);
