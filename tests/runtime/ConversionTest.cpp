@@ -148,16 +148,12 @@ TEST(NumberText, FifteenSignificantDigitsAndNoTrailingZeros) {
 }
 
 TEST(NumberText, StrAndHex) {
-  EXPECT_EQ(Str(5), " 5");
-  EXPECT_EQ(Str(-5), "-5");
-  EXPECT_EQ(Str(0.5), " .5");
-  EXPECT_EQ(Str(-0.5), "-.5");
-  EXPECT_EQ(Str(0), " 0");
-  EXPECT_EQ(Hex(255), "FF");
-  EXPECT_EQ(Hex(-1), "FFFFFFFF");
-  EXPECT_EQ(Hex(std::int16_t{-1}), "FFFF");
-  EXPECT_EQ(Hex(31.5), "20");
-  EXPECT_EQ(Hex(2.5), "2");
+  const std::pair<double, const char*> strs[] = {
+      {5, " 5"}, {-5, "-5"}, {0.5, " .5"}, {-0.5, "-.5"}, {0, " 0"}};
+  for (const auto& [value, text] : strs) EXPECT_EQ(Str(value), text) << text;
+  const std::pair<Variant, const char*> hexes[] = {
+      {255, "FF"}, {-1, "FFFFFFFF"}, {std::int16_t{-1}, "FFFF"}, {31.5, "20"}, {2.5, "2"}};
+  for (const auto& [value, text] : hexes) EXPECT_EQ(Hex(value), text) << text;
 }
 
 }  // namespace

@@ -142,12 +142,10 @@ TEST(Weekday, SundayIsOneByDefault) {
 }
 
 TEST(DateText, DateTimeOrBoth) {
-  EXPECT_EQ(DateText(45366), "15/03/2024");
-  EXPECT_EQ(DateText(45366.5), "15/03/2024 12:00:00");
-  EXPECT_EQ(DateText(0), "00:00:00");
-  EXPECT_EQ(DateText(0.75), "18:00:00");
-  EXPECT_EQ(DateText(-1.25), "29/12/1899 06:00:00");
-  EXPECT_EQ(DateText(-657434), "01/01/0100");
+  const std::pair<double, const char*> cases[] = {
+      {45366, "15/03/2024"}, {45366.5, "15/03/2024 12:00:00"}, {0, "00:00:00"},
+      {0.75, "18:00:00"},    {-1.25, "29/12/1899 06:00:00"},   {-657434, "01/01/0100"}};
+  for (const auto& [date, text] : cases) EXPECT_EQ(DateText(date), text);
 }
 
 TEST(ParseDate, AcceptsTheDayMonthYearForms) {
