@@ -32,7 +32,7 @@ TEST(Strings, CuttingTrimmingAndFilling) {
               {Trim("  a b  "), "a b"},
               {LTrim("  a  "), "a  "},
               {RTrim("  a  "), "  a"},
-              {Trim("\ta\t"), "\ta\t"},
+              {Trim("\ta\t"), "\ta\t"},  // blanks only
               {Trim("   "), ""},
               {Space(3), "   "},
               {String(4, '0'), "0000"},
