@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace tolmen {
 namespace {
@@ -13,8 +14,7 @@ namespace {
 TEST(AcceptedStatuses, EveryOperationHasItsRow) {
   const std::map<int, std::string> listed = {
       {0, "12,3,9,11"}, {1, "3"}, {2, "5"},  {3, "5"},  {5, "4,9"}, {6, "9"},    {7, "9"},
-      {8, "9"},         {9, "9"}, {11, "9"}, {12, "9"}, {13, "9"},  {45, "3,9"}, {205, "84"},
-  };
+      {8, "9"},         {9, "9"}, {11, "9"}, {12, "9"}, {13, "9"},  {45, "3,9"}, {205, "84"}};
   for (int op = 0; op <= 256; ++op) {
     const auto row = listed.find(op);
     const std::optional<std::string> list = AcceptedStatusList(op);
@@ -26,60 +26,22 @@ TEST(AcceptedStatuses, EveryOperationHasItsRow) {
   }
 }
 
-struct ListCase {
-  int16_t status;
-  const char* list;
-  bool accepted;
-};
-
-// The rows' normal outcomes as GlobalIO meets them, then pieces as Val reads them.
+// The rows' normal outcomes as GlobalIO meets them, then pieces as Val reads them: "12" is not
+// read digit by digit, and "" (no row, as for Get Less Than) accepts nothing, not even 0.
 TEST(AcceptedStatuses, PiecesAreReadAsValReadsThem) {
-  const ListCase cases[] = {
-      {12, "12,3,9,11", true},  // Open: file missing
-      {9, "12,3,9,11", true},   // empty file: the Get First behind the open
-      {1, "12,3,9,11", false},  // "12" is not read digit by digit
-      {22, "12,3,9,11", false},
-      {4, "4,9", true},
-      {22, "4,9", false},
-      {84, "84", true},
-      {84, "4,9", false},
-      {9, "", false},  // no row (Get Less Than): "" accepts nothing, not even 0
-      {0, "", false},
-      {0, "12,", true},
-      {0, ",5", true},
-      {0, "4,,9", true},
-      {5, ",5", true},
-      {49, "4,9", false},
-      {94, "4,9", false},
-      {9, " 9 ", true},
-      {9, "\t9", true},
-      {9, "\n9", true},
-      {19, "1 9", true},
-      {9, "9abc", true},
-      {9, "abc9", false},
-      {0, "abc", true},
-      {0, ".", true},
-      {-5, "-5", true},
-      {-5, "- 5", true},
-      {5, "+5", true},
-      {5, "--5", false},
-      {9, "9.0", true},
-      {9, "9.5", false},
-      {0, ".0", true},
-      {90, "9E1", true},
-      {90, "9d+1", true},
-      {9, "9E", true},
-      {9, "90E-1", true},
-      {9, "&H9", false},
-      {0, "&H9", true},
-      {0, "1E999", false},
-      {32767, "32767", true},
-      {-32768, "1,-32768", true},
-  };
-  for (const ListCase& c : cases) {
-    EXPECT_EQ(StatusInList(c.status, c.list), c.accepted)
-        << "status " << c.status << " in \"" << c.list << "\"";
-  }
+  const std::pair<const char*, int16_t> accepted[] = {
+      {"12,3,9,11", 12}, {"12,3,9,11", 9},    {"4,9", 4},  {"84", 84},   {"12,", 0},
+      {",5", 0},         {",5", 5},           {"4,,9", 0}, {" 9 ", 9},   {"\t9", 9},
+      {"\n9", 9},        {"1 9", 19},         {"9abc", 9}, {"abc", 0},   {".", 0},
+      {"-5", -5},        {"- 5", -5},         {"+5", 5},   {"9.0", 9},   {".0", 0},
+      {"9E1", 90},       {"9d+1", 90},        {"9E", 9},   {"90E-1", 9}, {"&H9", 0},
+      {"32767", 32767},  {"1,-32768", -32768}};
+  const std::pair<const char*, int16_t> refused[] = {
+      {"12,3,9,11", 1}, {"12,3,9,11", 22}, {"4,9", 22}, {"4,9", 84}, {"4,9", 49},
+      {"4,9", 94},      {"", 9},           {"", 0},     {"abc9", 9}, {"--5", 5},
+      {"9.5", 9},       {"&H9", 9},        {"1E999", 0}};
+  for (const auto& [list, s] : accepted) EXPECT_TRUE(StatusInList(s, list)) << s << " in " << list;
+  for (const auto& [list, s] : refused) EXPECT_FALSE(StatusInList(s, list)) << s << " in " << list;
 }
 
 }  // namespace

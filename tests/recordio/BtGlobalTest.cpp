@@ -4,13 +4,11 @@
 
 #include <sstream>
 
-#include "common/TempDir.h"
 #include "common/TestText.h"
-#include "platform/recordmanager/BtrCodes.h"
-#include "platform/recordmanager/FileStat.h"
 #include "platform/ui/ScriptUi.h"
 #include "recordio/BtGlobal.h"
 #include "recordio/BtObject.h"
+#include "recordmanager/EngineTestUtil.h"
 #include "runtime/DateTime.h"
 #include "shell/ProcessEnd.h"
 #include "shell/Tolmen.h"
@@ -47,26 +45,14 @@ class GlobalIOTest : public ::testing::Test {
   // Creates a record file with one 4-byte key at position 1 and the given records.
   std::string MakeFile(const std::string& name, uint16_t recordLength,
                        const std::vector<std::string>& records) {
-    FileDef def;
-    def.recordLength = recordLength;
-    def.keys.push_back(KeyDef{false, false, {SegmentDef{1, 4, KeyType::String, false, false}}});
-    std::string path = dir_.File(name);
-    std::string pos(128, ' ');
-    std::string data = BuildCreateBuffer(def);
-    auto length = static_cast<int32_t>(data.size());
-    std::string key = path;
-    EXPECT_EQ(app_->engine.BTRCALL(kOpCreate, pos, data, length, key, 255, 0), 0);
-    key = path;
-    data.clear();
-    length = 0;
-    EXPECT_EQ(app_->engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
-    for (const std::string& record : records) {
-      data = record;
-      length = static_cast<int32_t>(record.size());
-      key.assign(255, ' ');
-      EXPECT_EQ(app_->engine.BTRCALL(kOpInsert, pos, data, length, key, 255, 0), 0);
-    }
-    EXPECT_EQ(app_->engine.BTRCALL(kOpClose, pos, data, length, key, 255, 0), 0);
+    FileDef def{
+        recordLength, 4096, false, {KeyDef{false, false, {SegmentDef{1, 4, KeyType::String}}}}};
+    const std::string path = dir_.File(name);
+    EXPECT_EQ(test::CreateFile(app_->engine, path, def), 0);
+    test::Client file(app_->engine);
+    EXPECT_EQ(file.Open(path), 0);
+    for (const std::string& record : records) EXPECT_EQ(file.Insert(record), 0);
+    EXPECT_EQ(file.Call(kOpClose), 0);
     return path;
   }
 

@@ -47,18 +47,16 @@ TEST_F(FieldCodecsTest, NumbersAreLittleEndianBothWays) {
     Decoder decode;
     Encoder encode;
   };
-  const Case cases[] = {
-      {B({0x01}), 1, DecB, EncB},
-      {B({0xFF}), 255, DecB, EncB},
-      {B({0x78, 0x05}), 1400, DecI, EncI},
-      {B({0xFF, 0xFF}), -1, DecI, EncI},
-      {B({0x00, 0x80}), -32768, DecI, EncI},
-      {B({0x88, 0x13, 0x00, 0x00}), 5000, DecL, EncL},
-      {B({0x00, 0x00, 0x00, 0x80}), -2147483648.0, DecL, EncL},
-      {B({0x00, 0x00, 0x20, 0x40}), 2.5, DecS, EncS},
-      {B({0, 0, 0, 0, 0, 0, 0xF8, 0x3F}), 1.5, DecD, MkD},
-      {B({0, 0, 0, 0, 0x10, 0xC2, 0xB2, 0x40}), 4802.0625, DecD, MkD},
-  };
+  const Case cases[] = {{B({0x01}), 1, DecB, EncB},
+                        {B({0xFF}), 255, DecB, EncB},
+                        {B({0x78, 0x05}), 1400, DecI, EncI},
+                        {B({0xFF, 0xFF}), -1, DecI, EncI},
+                        {B({0x00, 0x80}), -32768, DecI, EncI},
+                        {B({0x88, 0x13, 0x00, 0x00}), 5000, DecL, EncL},
+                        {B({0x00, 0x00, 0x00, 0x80}), -2147483648.0, DecL, EncL},
+                        {B({0x00, 0x00, 0x20, 0x40}), 2.5, DecS, EncS},
+                        {B({0, 0, 0, 0, 0, 0, 0xF8, 0x3F}), 1.5, DecD, MkD},
+                        {B({0, 0, 0, 0, 0x10, 0xC2, 0xB2, 0x40}), 4802.0625, DecD, MkD}};
   for (const Case& c : cases) {
     EXPECT_EQ(c.decode(ui_, c.bytes), c.value) << c.value;
     EXPECT_EQ(c.encode(c.value), c.bytes) << c.value;
@@ -72,13 +70,11 @@ TEST_F(FieldCodecsTest, WrongLengthShowsItsMessageAndGivesZero) {
     std::string bytes;
     std::string message;
   };
-  const Case cases[] = {
-      {DecB, "", "Illegal function call in CvB()"},
-      {DecI, B({1, 2, 3}), "Illegal function call in CvI%()"},
-      {DecL, B({1, 2}), "Illegal function call in CvL&()"},
-      {DecS, std::string(8, '\x01'), "Illegal function call in CvS!()"},
-      {DecD, std::string(7, '\x01'), "Illegal function call in CvD#()"},
-  };
+  const Case cases[] = {{DecB, "", "Illegal function call in CvB()"},
+                        {DecI, B({1, 2, 3}), "Illegal function call in CvI%()"},
+                        {DecL, B({1, 2}), "Illegal function call in CvL&()"},
+                        {DecS, std::string(8, '\x01'), "Illegal function call in CvS!()"},
+                        {DecD, std::string(7, '\x01'), "Illegal function call in CvD#()"}};
   for (const Case& c : cases) {
     transcript_.str("");
     EXPECT_EQ(c.decode(ui_, c.bytes), 0);
@@ -122,10 +118,9 @@ TEST_F(FieldCodecsTest, TimesFlagsAndHelpers) {
   EXPECT_EQ(CvTime(ZeroBytes(4)), 0);
   EXPECT_EQ(CvTime(""), 0);
 
-  const std::pair<std::string, bool> flags[] = {
-      {B({0x01}), true},  {B({0x00}), false}, {B({0x02}), false},
-      {B({0xFF}), false}, {"Y", false},       {B({0x01, 0x00}), false},
-  };
+  const std::pair<std::string, bool> flags[] = {{B({0x01}), true},  {B({0x00}), false},
+                                                {B({0x02}), false}, {B({0xFF}), false},
+                                                {"Y", false},       {B({0x01, 0x00}), false}};
   for (const auto& [bytes, value] : flags) EXPECT_EQ(CvBool(bytes), value);
   EXPECT_EQ(MkBool(-1), B({0x01}));
   EXPECT_EQ(MkBool(1), B({0x00}));

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace tolmen {
 namespace {
@@ -12,73 +13,49 @@ namespace {
 // Each family of statuses and each range of help pages, at both of its ends.
 TEST(StatusCatalogue, TextsAndHelpPagesEndAtTheirBounds) {
   const struct {
-    int16_t status;
-    const char* text;
+    int16_t low, high;
+    const char* family;  // the text before the number
     const char* page;
-  } cases[] = {
-      {-32768, "Unknown Pervasive Status Code -32768", "index.htm"},
-      {-5041, "Unknown Pervasive Status Code -5041", "index.htm"},
-      {-5040, "SQL Relational Database Engine Status Code -5040", "1statcod2.html"},
-      {-1000, "SQL Relational Database Engine Status Code -1000", "1statcod2.html"},
-      {-999, "Unknown Pervasive Status Code -999", "index.htm"},
-      {-200, "Unknown Pervasive Status Code -200", "index.htm"},
-      {-199, "Informative Status Code -199", "1statcod3.html"},
-      {-100, "Informative Status Code -100", "1statcod3.html"},
-      {-99, "Unknown Pervasive Status Code -99", "index.htm"},
-      {-1, "Unknown Pervasive Status Code -1", "index.htm"},
-      {0, "Operation Successful", "1statcod4.html"},
-      {1, "Invalid Operation Parameter", "1statcod5.html"},
-      {47, "MicroKernel Database Engine Status Code 47", "1statcod5.html"},
-      {199, "MicroKernel Database Engine Status Code 199", "1statcod5.html"},
-      {200, "Unknown Pervasive Status Code 200", "index.htm"},
-      {999, "Unknown Pervasive Status Code 999", "index.htm"},
-      {1000, "MicroKernel Status Code 1000 for Windows and DOS Workstations ", "1statcod6.html"},
-      {1999, "MicroKernel Status Code 1999 for Windows and DOS Workstations ", "1statcod6.html"},
-      {2000, "Btrieve Requester Status Code 2000", "1statcod7.html"},
-      {2099, "Btrieve Requester Status Code 2099", "1statcod7.html"},
-      {2100, "Unknown Pervasive Status Code 2100", "index.htm"},
-      {2199, "Unknown Pervasive Status Code 2199", "index.htm"},
-      {2200, "XLT Status Code 2200", "1statcod8.html"},
-      {2299, "XLT Status Code 2299", "1statcod8.html"},
-      {2300, "Named Database Status Code 2300", "1statcod9.html"},
-      {2399, "Named Database Status Code 2399", "1statcod9.html"},
-      {2400, "Unknown Pervasive Status Code 2400", "index.htm"},
-      {2500, "Unknown Pervasive Status Code 2500", "index.htm"},
-      {2999, "Unknown Pervasive Status Code 2999", "index.htm"},
-      {3000, "MicroKernel Router Status Code 3000", "1statcod10.html"},
-      {3006, "MicroKernel Router detected an invalid session", "1statcod10.html"},
-      {3099, "MicroKernel Router Status Code 3099", "1statcod10.html"},
-      {3100, "Network Services Layer Status Code 3100", "1statcod11.html"},
-      {3199, "Network Services Layer Status Code 3199", "1statcod11.html"},
-      {3200, "Unknown Pervasive Status Code 3200", "index.htm"},
-      {3999, "Unknown Pervasive Status Code 3999", "index.htm"},
-      {4000, "Database Utilities Status Code 4000", "1statcod12.html"},
-      {4099, "Database Utilities Status Code 4099", "1statcod12.html"},
-      {4100, "Unknown Pervasive Status Code 4100", "index.htm"},
-      {6999, "Unknown Pervasive Status Code 6999", "index.htm"},
-      {7000, "User Count Manager Status Code 7000", "1statcod13.html"},
-      {7099, "User Count Manager Status Code 7099", "1statcod13.html"},
-      {7100, "Unknown Pervasive Status Code 7100", "index.htm"},
-      {7999, "Unknown Pervasive Status Code 7999", "index.htm"},
-      {8000, "Component Management Status Code 8000", "1statcod14.html"},
-      {8499, "Component Management Status Code 8499", "1statcod14.html"},
-      {8500, "ECAS Interface Status Code 8500", "1statcod15.html"},
-      {8589, "ECAS Interface Status Code 8589", "1statcod15.html"},
-      {8590, "W3DBSMGR Status Code 8590", "1statcod16.html"},
-      {8599, "W3DBSMGR Status Code 8599", "1statcod16.html"},
-      {8600, "Unknown Pervasive Status Code 8600", "index.htm"},
-      {9999, "Unknown Pervasive Status Code 9999", "index.htm"},
-      {10000, "SQL Connection Manager Code 10000", "1statcod17.html"},
-      {10065, "SQL Connection Manager Code 10065", "1statcod17.html"},
-      {10066, "Unknown Pervasive Status Code 10066", "1statcod17.html"},
-      {10100, "Unknown Pervasive Status Code 10100", "1statcod17.html"},
-      {10101, "Unknown Pervasive Status Code 10101", "index.htm"},
-      {32767, "Unknown Pervasive Status Code 32767", "index.htm"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(StatusText(c.status), c.text);
-    EXPECT_EQ(StatusHelpPage(c.status), std::string(StatusHelpBase) + c.page) << c.status;
+  } ranges[] = {{-5040, -1000, "SQL Relational Database Engine Status Code ", "1statcod2.html"},
+                {-199, -100, "Informative Status Code ", "1statcod3.html"},
+                {47, 199, "MicroKernel Database Engine Status Code ", "1statcod5.html"},
+                {2000, 2099, "Btrieve Requester Status Code ", "1statcod7.html"},
+                {2200, 2299, "XLT Status Code ", "1statcod8.html"},
+                {2300, 2399, "Named Database Status Code ", "1statcod9.html"},
+                {3000, 3099, "MicroKernel Router Status Code ", "1statcod10.html"},
+                {3100, 3199, "Network Services Layer Status Code ", "1statcod11.html"},
+                {4000, 4099, "Database Utilities Status Code ", "1statcod12.html"},
+                {7000, 7099, "User Count Manager Status Code ", "1statcod13.html"},
+                {8000, 8499, "Component Management Status Code ", "1statcod14.html"},
+                {8500, 8589, "ECAS Interface Status Code ", "1statcod15.html"},
+                {8590, 8599, "W3DBSMGR Status Code ", "1statcod16.html"},
+                {10000, 10065, "SQL Connection Manager Code ", "1statcod17.html"},
+                {10066, 10100, "Unknown Pervasive Status Code ", "1statcod17.html"}};
+  const std::string base = StatusHelpBase;
+  const std::pair<int16_t, int16_t> unknown[] = {
+      {-32768, -5041}, {10101, 32767}, {-999, -200}, {-99, -1},    {200, 999},  {2100, 2199},
+      {2400, 2999},    {3200, 3999},   {4100, 6999}, {7100, 7999}, {8600, 9999}};
+  for (const auto& [low, high] : unknown) {
+    for (int16_t s : {low, high}) {
+      EXPECT_EQ(StatusText(s), "Unknown Pervasive Status Code " + std::to_string(s));
+      EXPECT_EQ(StatusHelpPage(s), base + "index.htm") << s;
+    }
   }
+  for (const auto& r : ranges) {
+    for (int16_t s : {r.low, r.high}) {
+      EXPECT_EQ(StatusText(s), r.family + std::to_string(s));
+      EXPECT_EQ(StatusHelpPage(s), base + r.page) << s;
+    }
+  }
+  for (int16_t s : {1000, 1999}) {
+    EXPECT_EQ(StatusText(s), "MicroKernel Status Code " + std::to_string(s) +
+                                 " for Windows and DOS Workstations ");
+    EXPECT_EQ(StatusHelpPage(s), base + "1statcod6.html");
+  }
+  EXPECT_EQ(StatusText(0), "Operation Successful");
+  EXPECT_EQ(StatusHelpPage(0), base + "1statcod4.html");
+  EXPECT_EQ(StatusText(1), "Invalid Operation Parameter");
+  EXPECT_EQ(StatusText(3006), "MicroKernel Router detected an invalid session");
   EXPECT_EQ(StatusHelpPage(5),
             "https://www.pervasive.com/support/technical/codes2k/1statcod5.html");
 }
@@ -87,19 +64,17 @@ TEST(StatusCatalogue, ListedStatusesKeepTheirOwnWording) {
   const struct {
     int16_t status;
     const char* text;
-  } cases[] = {
-      {7, "key Number Has Changed"},
-      {12, "File Not Found or there are spaces in the Path"},
-      {22, "Data Buffer Length is too short"},
-      {41, "Operation Dissallowed"},
-      {46, "Access To File is Denied"},
-      {84, "The record or page is locked"},
-      {88, "Incompatible Mode Error (SEFS/MEFS)"},
-      {162,
-       "The client table is full. Try increasing the number of Active Clients in the "
-       "MicroKernel Database Engine System Resource setting"},
-      {163, "The NULL indicator cannot be the last segment"},
-  };
+  } cases[] = {{7, "key Number Has Changed"},
+               {12, "File Not Found or there are spaces in the Path"},
+               {22, "Data Buffer Length is too short"},
+               {41, "Operation Dissallowed"},
+               {46, "Access To File is Denied"},
+               {84, "The record or page is locked"},
+               {88, "Incompatible Mode Error (SEFS/MEFS)"},
+               {162,
+                "The client table is full. Try increasing the number of Active Clients in the "
+                "MicroKernel Database Engine System Resource setting"},
+               {163, "The NULL indicator cannot be the last segment"}};
   for (const auto& c : cases) EXPECT_EQ(StatusText(c.status), c.text);
 
   // A family text always carries the status's number and no own text does, so counting the texts
@@ -111,48 +86,40 @@ TEST(StatusCatalogue, ListedStatusesKeepTheirOwnWording) {
   EXPECT_EQ(own, 128);
 }
 
-struct OperationCase {
-  int32_t code;
-  const char* name;
-  const char* symbol;
-};
-
 TEST(StatusCatalogue, OperationNamesAndSymbols) {
-  const OperationCase cases[] = {
-      {std::numeric_limits<int32_t>::min(), "", ""},
-      {-2, "", ""},
-      {-1, "", "BOPENACCEL"},
-      {0, "Open", "BOPEN"},
-      {5, "Get Equal", "BGETEQU"},
-      {9, "Get Greater Than or Equal", "BGETGTE"},
-      {12, "Get First", "BGETFIRST"},
-      {15, "Stat", "BSTAT"},
-      {16, "", "BEXTEND"},
-      {19, "Begin Transaction", "BTRBEG"},
-      {23, "Get Direct Record", "BGETDIRECT"},
-      {25, "Stop", "BSTOP"},
-      {35, "Step Previous", "BSTEPP"},
-      {36, "Get Next Extended", ""},
-      {41, "", ""},
-      {42, "Continuous Operation", ""},
-      {45, "Find Percentage", "BFINDPERC"},
-      {50, "Get Key", "BGETKEY"},
-      {53, "Update Chunk", ""},
-      {54, "", ""},
-      {100, "", "BSWAIT"},
-      {105, "", ""},
-      {200, "", "BSNOWAIT"},
-      {205, "", ""},
-      {300, "", "BMWAIT"},
-      {400, "", "BMNOWAIT"},
-      {1005, "", ""},
-      {1019, "Begin Transaction", ""},
-      {1020, "", ""},
-      {std::numeric_limits<int32_t>::max(), "", ""},
-  };
-  for (const OperationCase& c : cases) {
+  const struct {
+    int32_t code;
+    const char* name;
+    const char* symbol;
+  } cases[] = {{-1, "", "BOPENACCEL"},
+               {0, "Open", "BOPEN"},
+               {5, "Get Equal", "BGETEQU"},
+               {9, "Get Greater Than or Equal", "BGETGTE"},
+               {12, "Get First", "BGETFIRST"},
+               {15, "Stat", "BSTAT"},
+               {16, "", "BEXTEND"},
+               {19, "Begin Transaction", "BTRBEG"},
+               {23, "Get Direct Record", "BGETDIRECT"},
+               {25, "Stop", "BSTOP"},
+               {35, "Step Previous", "BSTEPP"},
+               {36, "Get Next Extended", ""},
+               {42, "Continuous Operation", ""},
+               {45, "Find Percentage", "BFINDPERC"},
+               {50, "Get Key", "BGETKEY"},
+               {53, "Update Chunk", ""},
+               {100, "", "BSWAIT"},
+               {200, "", "BSNOWAIT"},
+               {300, "", "BMWAIT"},
+               {400, "", "BMNOWAIT"},
+               {1019, "Begin Transaction", ""}};
+  for (const auto& c : cases) {
     EXPECT_EQ(OperationName(c.code), c.name) << "code " << c.code;
     EXPECT_EQ(OperationSymbol(c.code), c.symbol) << "code " << c.code;
+  }
+  for (int32_t code : {std::numeric_limits<int32_t>::min(), -2, 41, 54, 105, 205, 1005, 1020,
+                       std::numeric_limits<int32_t>::max()}) {
+    EXPECT_EQ(OperationName(code), "") << "code " << code;
+    EXPECT_EQ(OperationSymbol(code), "") << "code " << code;
   }
 }
 

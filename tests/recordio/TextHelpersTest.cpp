@@ -39,10 +39,9 @@ TEST(TextHelpers, PaddingTakesTheUntrimmedValueWhenLongEnough) {
     std::string blanks;
     std::string nuls;
   };
-  const Case cases[] = {
-      {"  abc", 3, "  a", "  a"},  {"ab", 4, "ab  ", "ab\0\0"s}, {" ab ", 4, "ab  ", "ab\0\0"s},
-      {"abcd", 4, "abcd", "abcd"}, {"  ab", 3, "ab ", "ab\0"s},  {"", 2, "  ", "\0\0"s},
-  };
+  const Case cases[] = {{"  abc", 3, "  a", "  a"},     {"ab", 4, "ab  ", "ab\0\0"s},
+                        {" ab ", 4, "ab  ", "ab\0\0"s}, {"abcd", 4, "abcd", "abcd"},
+                        {"  ab", 3, "ab ", "ab\0"s},    {"", 2, "  ", "\0\0"s}};
   for (const Case& c : cases) {
     EXPECT_EQ(PadToWidth(c.value, c.width), c.blanks) << c.value;
     EXPECT_EQ(PadToWidthNul(c.value, c.width), c.nuls) << c.value;

@@ -26,9 +26,7 @@ std::map<int32_t, std::string> Contents(const std::string& path) {
   std::map<int32_t, std::string> records;
   EXPECT_EQ(c.Open(path), 0) << path;
   for (int16_t st = c.Get(kOpGetFirst); st == 0; st = c.Get(kOpGetNext)) {
-    int32_t key = 0;
-    std::memcpy(&key, c.data.data(), 4);
-    records[key] = c.data.substr(0, 16);
+    records[IdOf(c.data)] = c.data.substr(0, 16);
   }
   c.Call(kOpClose);
   return records;
@@ -48,12 +46,14 @@ TEST(CrashInEnd, EveryFileHoldsAllOrNoneOfTheTransaction) {
     size_t log;
     bool all;
   };
-  const Case cases[] = {
-      {"End finishes", 0, true},
-      {"the first file's commit", 1, false},
-      {"the second file's commit, one file committed", 2, false},
-      {"the deciding file's commit, two files committed", 3, false},
-  };
+  const Case cases[] = {{"End finishes", 0, true},
+                        {"the first file's commit", 1, false},
+                        {"the second file's commit, one file committed", 2, false},
+                        {"the deciding file's commit, two files committed", 3, false}};
+  const std::map<int32_t, std::string> before{
+      {1, SmallRecord(1)}, {2, SmallRecord(2)}, {3, SmallRecord(3)}};
+  const std::map<int32_t, std::string> after{
+      {1, SmallRecord(1)}, {2, Changed(2)}, {10, SmallRecord(10)}};
   for (const Case& k : cases) {
     SCOPED_TRACE(k.moment);
     TempDir dir;
@@ -62,20 +62,10 @@ TEST(CrashInEnd, EveryFileHoldsAllOrNoneOfTheTransaction) {
       RecordEngine engine;
       for (const char* name : kFiles) {
         paths.push_back(dir.File(name));
-        ASSERT_EQ(CreateFile(engine, paths.back(), SmallIntegerFile()), 0);
         Client c(engine);
-        ASSERT_EQ(c.Open(paths.back()), 0);
+        ASSERT_EQ(c.Create(paths.back(), SmallIntegerFile()), 0);
         for (int32_t n = 1; n <= 3; ++n) ASSERT_EQ(c.Insert(SmallRecord(n)), 0);
       }
-    }
-    std::vector<std::map<int32_t, std::string>> before, after;
-    for (const std::string& p : paths) {
-      before.push_back(Contents(p));
-      std::map<int32_t, std::string> done = before.back();
-      done[2] = Changed(2);
-      done.erase(3);
-      done[10] = SmallRecord(10);
-      after.push_back(done);
     }
 
     const int status = RunUntilKilled([&](const std::function<void()>& stop) {
@@ -108,10 +98,8 @@ TEST(CrashInEnd, EveryFileHoldsAllOrNoneOfTheTransaction) {
       ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
     }
 
-    for (size_t i = 0; i < paths.size(); ++i) {
-      EXPECT_EQ(Contents(paths[i]), k.all ? after[i] : before[i]) << kFiles[i];
-    }
     for (const std::string& p : paths) {
+      EXPECT_EQ(Contents(p), k.all ? after : before) << p;
       EXPECT_FALSE(std::filesystem::exists(IntentPath(p))) << "settled and removed: " << p;
     }
     // The files work on: a new transaction over all three commits.

@@ -1,5 +1,4 @@
-// The engine's durability setting (EngineOptions.h): WAL with
-// synchronous=NORMAL. SQLite's syncs are counted through a VFS that wraps the default one.
+// WAL with synchronous=NORMAL; SQLite's syncs are counted through a VFS wrapping the default one.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -55,9 +54,8 @@ TEST(Durability, CommitsAppendToTheLogUnsyncedAndAClosedFileIsWholeOnItsOwn) {
   TempDir dir;
   const std::string path = dir.File("clients.dat");
   RecordEngine engine;
-  ASSERT_EQ(CreateFile(engine, path, SmallIntegerFile()), 0);
   Client f(engine);
-  ASSERT_EQ(f.Open(path), 0);
+  ASSERT_EQ(f.Create(path, SmallIntegerFile()), 0);
   ASSERT_EQ(f.Insert(SmallRecord(0)), 0);  // the log's first commit syncs its header
   counter.Take();
   for (int32_t n = 1; n <= 20; ++n) ASSERT_EQ(f.Insert(SmallRecord(n)), 0);
@@ -87,17 +85,14 @@ TEST(Durability, CommitsAppendToTheLogUnsyncedAndAClosedFileIsWholeOnItsOwn) {
   std::filesystem::copy_file(path, copy);
   Client c(engine);
   ASSERT_EQ(c.Open(copy, -2), 0);
-  int count = 0;
-  for (int16_t st = c.Get(kOpGetFirst); st == 0; st = c.Get(kOpGetNext)) ++count;
-  EXPECT_EQ(count, 21);
+  EXPECT_EQ(Count(c), 21);
 
   // A rollback journal keeps synchronous=FULL: every commit syncs.
   EngineOptions rollback;
   rollback.journal = EngineOptions::Journal::Delete;
   RecordEngine other(rollback);
   Client d(other);
-  ASSERT_EQ(CreateFile(other, dir.File("rollback.dat"), SmallIntegerFile()), 0);
-  ASSERT_EQ(d.Open(dir.File("rollback.dat")), 0);
+  ASSERT_EQ(d.Create(dir.File("rollback.dat"), SmallIntegerFile()), 0);
   counter.Take();
   for (int32_t n = 1; n <= 5; ++n) ASSERT_EQ(d.Insert(SmallRecord(n)), 0);
   EXPECT_GE(counter.Take(), 5);

@@ -9,8 +9,8 @@
 namespace tolmen::test {
 namespace {
 
-constexpr uint16_t kRecordLength =
-    24;  // the key fields first, the record's number in the last byte
+// The key fields first, the record's number in the last byte.
+constexpr uint16_t kRecordLength = 24;
 
 struct OrderCase {
   const char* name;
@@ -99,8 +99,7 @@ const OrderCase kCases[] = {
      Key({Seg(1, 3, KeyType::String), Seg(4, 2, KeyType::Integer, true)}),
      {"abc" + Le<int16_t>(1), "abc" + Le<int16_t>(5), "abb" + Le<int16_t>(9),
       "abd" + Le<int16_t>(0)},
-     {2, 1, 0, 3}},
-};
+     {2, 1, 0, 3}}};
 
 class KeyOrderTest : public ::testing::TestWithParam<OrderCase> {};
 
@@ -109,9 +108,8 @@ TEST_P(KeyOrderTest, RecordsComeBackInKeyOrderBothWays) {
   TempDir dir;
   RecordEngine engine;
   FileDef def{kRecordLength, 4096, false, {c.key}};
-  ASSERT_EQ(CreateFile(engine, dir.File("order.dat"), def), 0);
   Client f(engine);
-  ASSERT_EQ(f.Open(dir.File("order.dat")), 0);
+  ASSERT_EQ(f.Create(dir.File("order.dat"), def), 0);
   for (size_t i = 0; i < c.fields.size(); ++i) {
     std::string record = c.fields[i];
     record.resize(kRecordLength - 1, '\0');
@@ -139,9 +137,8 @@ TEST(AutoIncrementTest, ZeroTakesNextValueAndOrderIsByAbsoluteValue) {
   TempDir dir;
   RecordEngine engine;
   FileDef def{8, 4096, false, {Key({Seg(1, 4, KeyType::AutoIncrement)})}};
-  ASSERT_EQ(CreateFile(engine, dir.File("auto.dat"), def), 0);
   Client f(engine);
-  ASSERT_EQ(f.Open(dir.File("auto.dat")), 0);
+  ASSERT_EQ(f.Create(dir.File("auto.dat"), def), 0);
   auto record = [](int32_t id) { return Le(id) + "abcd"; };
   ASSERT_EQ(f.Insert(record(0)), 0);
   EXPECT_EQ(f.data.substr(0, 4), Le<int32_t>(1)) << "the assigned value comes back in the record";
@@ -152,11 +149,8 @@ TEST(AutoIncrementTest, ZeroTakesNextValueAndOrderIsByAbsoluteValue) {
   EXPECT_EQ(f.data.substr(0, 4), Le<int32_t>(11));
   EXPECT_EQ(f.Insert(record(-2)), kStatusDuplicateKey);
   std::vector<int32_t> ids;
-  for (int16_t st = f.Get(kOpGetFirst); st == 0; st = f.Get(kOpGetNext)) {
-    int32_t id;
-    std::memcpy(&id, f.data.data(), 4);
-    ids.push_back(id);
-  }
+  for (int16_t st = f.Get(kOpGetFirst); st == 0; st = f.Get(kOpGetNext))
+    ids.push_back(IdOf(f.data));
   EXPECT_EQ(ids, (std::vector<int32_t>{1, 2, -10, 11}));
 }
 

@@ -22,12 +22,10 @@ TEST(OpenTest, NamesAreFoundWithoutRegardToCaseQuotesOrPadding) {
   ASSERT_EQ(CreateFile(engine, dir.File("Data/AccMasD.dat"), SmallIntegerFile()), 0);
   const std::string base = dir.Path().string();
   const std::string names[] = {
-      base + "/Data/AccMasD.dat",
-      base + "/DATA/ACCMASD.DAT",
+      base + "/Data/AccMasD.dat", base + "/DATA/ACCMASD.DAT",
       "\"" + base + "/data/accmasd.dat\"   ",
       base + "/Data/AccMasD.dat" + std::string(3, '\0') + "   ",
-      "  \"" + base + "/dAtA/AccMasD.DAT\"" + std::string(1, '\0') + "rest of the buffer",
-  };
+      "  \"" + base + "/dAtA/AccMasD.DAT\"" + std::string(1, '\0') + "rest of the buffer"};
   for (const std::string& name : names) {
     Client f(engine);
     EXPECT_EQ(f.Open(name), 0) << name;
@@ -46,9 +44,8 @@ TEST(OpenTest, ModesAndPositionBlocks) {
   TempDir dir;
   const std::string path = dir.File("f.dat");
   RecordEngine engine;
-  ASSERT_EQ(CreateFile(engine, path, SmallIntegerFile()), 0);
   Client writer(engine);
-  ASSERT_EQ(writer.Open(path), 0);
+  ASSERT_EQ(writer.Create(path, SmallIntegerFile()), 0);
   ASSERT_EQ(writer.Insert(SmallRecord(1)), 0);
 
   Client reader(engine);
@@ -113,8 +110,7 @@ TEST(CreateTest, DefinitionsTheEngineCannotKeepAreRefused) {
        kStatusInvalidKeyFlags},
       {"null key", SmallIntegerFile(), kKeyNullAll, kStatusInvalidKeyFlags},
       {"autoincrement with duplicates", one(4, KeyType::AutoIncrement, true), 0,
-       kStatusInvalidAutoIncrement},
-  };
+       kStatusInvalidAutoIncrement}};
   TempDir dir;
   RecordEngine engine;
   for (const Case& c : cases) {
@@ -178,18 +174,12 @@ TEST(DamagedFileTest, FilesThatAreNotWholeRecordFilesGiveAStatus) {
 
   // An engine file cut in half.
   const std::string whole = dir.File("whole.dat");
-  FileDef def = SmallIntegerFile();
-  def.recordLength = 1000;
-  ASSERT_EQ(CreateFile(engine, whole, def), 0);
+  ASSERT_EQ(CreateFile(engine, whole, SmallIntegerFile(1000)), 0);
   {
     Client f(engine);
     ASSERT_EQ(f.Open(whole), 0);
     ASSERT_EQ(f.Call(kOpBeginTransaction), 0);
-    for (int32_t n = 0; n < 300; ++n) {
-      std::string r = SmallRecord(n);
-      r.resize(1000, '#');
-      ASSERT_EQ(f.Insert(r), 0);
-    }
+    for (int32_t n = 0; n < 300; ++n) ASSERT_EQ(f.Insert(SmallRecord(n, 1000)), 0);
     ASSERT_EQ(f.Call(kOpEndTransaction), 0);
     ASSERT_EQ(f.Call(kOpClose), 0);
   }

@@ -21,13 +21,11 @@ TEST(Cp1252, KnownCharacters) {
   const struct {
     const char* cp1252;
     const char* utf8;
-  } cases[] = {
-      {"\x80", "\xE2\x82\xAC"},  // euro sign
-      {"\xE9", "\xC3\xA9"},      // e acute
-      {"\x9F", "\xC5\xB8"},      // Y diaeresis
-      {"\x81", "\xC2\x81"},      // undefined: the C1 control
-      {"R1 234.50", "R1 234.50"},
-  };
+  } cases[] = {{"\x80", "\xE2\x82\xAC"},  // euro sign
+               {"\xE9", "\xC3\xA9"},      // e acute
+               {"\x9F", "\xC5\xB8"},      // Y diaeresis
+               {"\x81", "\xC2\x81"},      // undefined: the C1 control
+               {"R1 234.50", "R1 234.50"}};
   for (const auto& c : cases) {
     EXPECT_EQ(Cp1252ToUtf8(c.cp1252), c.utf8);
     EXPECT_EQ(Utf8ToCp1252(c.utf8), c.cp1252);

@@ -29,45 +29,35 @@ struct FlakyStatement {
   }
 };
 
-TEST(Trap, RetryRunsTheStatementAgainUntilItSucceedsOrIsIgnored) {
-  FlakyStatement statement{2};
-  std::vector<int> asked;
-  TrapResult result = RunTrapped([&] { statement(); },
-                                 [&](const RuntimeError& e) {
-                                   asked.push_back(e.Number());
-                                   return kRetry;
-                                 });
-  EXPECT_EQ(result, TrapResult::Done);
-  EXPECT_EQ(statement.runs, 3);
-  EXPECT_EQ(asked, (std::vector<int>{53, 53}));
-
-  FlakyStatement stubborn{5};
-  const int answers[] = {kRetry, kRetry, kIgnore};
-  size_t next = 0;
-  result = RunTrapped([&] { stubborn(); }, [&](const RuntimeError&) { return answers[next++]; });
-  EXPECT_EQ(result, TrapResult::Ignored);
-  EXPECT_EQ(stubborn.runs, 3);
-}
-
-TEST(Trap, IgnoreAndAbortStopAfterOneRun) {
+// Retry runs the statement again; Ignore, Abort and anything else stop after the answer.
+TEST(Trap, AnswersDecideWhetherTheStatementRunsAgain) {
   const struct {
-    int answer;
+    int failures;
+    std::vector<int> answers;  // one for each failure asked about
     TrapResult result;
-  } cases[] = {{kIgnore, TrapResult::Ignored},
-               {kAbort, TrapResult::Aborted},
-               {2, TrapResult::Aborted},  // Cancel
-               {7, TrapResult::Aborted}};
+    int runs;
+  } cases[] = {{2, {kRetry, kRetry}, TrapResult::Done, 3},
+               {5, {kRetry, kRetry, kIgnore}, TrapResult::Ignored, 3},
+               {5, {kIgnore}, TrapResult::Ignored, 1},
+               {5, {kAbort}, TrapResult::Aborted, 1},
+               {5, {2}, TrapResult::Aborted, 1},  // Cancel
+               {5, {7}, TrapResult::Aborted, 1},
+               {0, {}, TrapResult::Done, 1}};
   for (const auto& c : cases) {
-    FlakyStatement statement{5};
-    TrapResult result =
-        RunTrapped([&] { statement(); }, [&](const RuntimeError&) { return c.answer; });
-    EXPECT_EQ(result, c.result) << c.answer;
-    EXPECT_EQ(statement.runs, 1) << c.answer;
+    SCOPED_TRACE(c.answers.empty() ? -1 : c.answers.back());
+    FlakyStatement statement{c.failures};
+    size_t asked = 0;
+    const TrapResult result = RunTrapped([&] { statement(); },
+                                         [&](const RuntimeError& e) {
+                                           EXPECT_EQ(e.Number(), 53);
+                                           if (asked == c.answers.size())
+                                             throw std::logic_error("asked once too often");
+                                           return c.answers[asked++];
+                                         });
+    EXPECT_EQ(result, c.result);
+    EXPECT_EQ(statement.runs, c.runs);
+    EXPECT_EQ(asked, c.answers.size());
   }
-  int runs = 0;
-  auto never = [](const RuntimeError&) -> int { throw std::logic_error("not asked"); };
-  EXPECT_EQ(RunTrapped([&] { ++runs; }, never), TrapResult::Done);
-  EXPECT_EQ(runs, 1);
 }
 
 TEST(Trap, StandardExceptionsBecomeClassicErrors) {
@@ -78,21 +68,19 @@ TEST(Trap, StandardExceptionsBecomeClassicErrors) {
   const struct {
     std::function<void()> statement;
     int number;
-  } cases[] = {
-      {[] { throw std::bad_alloc(); }, 7},
-      {[] { throw std::vector<int>().at(3); }, 9},
-      {[] { throw std::overflow_error("x"); }, 6},
-      {[&] { throw fsError(std::errc::no_such_file_or_directory); }, 53},
-      {[&] { throw fsError(std::errc::no_space_on_device); }, 61},
-      {[&] { throw fsError(std::errc::permission_denied); }, 75},
-      {[&] { throw fsError(std::errc::not_a_directory); }, 76},
-      {[&] { throw fsError(std::errc::file_exists); }, 58},
-      {[] { throw std::system_error(std::make_error_code(std::errc::io_error)); }, 57},
-      {[] { throw std::ios_base::failure("write"); }, 57},
-      {[] { throw std::invalid_argument("x"); }, 5},
-      {[] { throw std::runtime_error("socket closed"); }, 440},
-      {[] { throw RuntimeError(462); }, 462},
-  };
+  } cases[] = {{[] { throw std::bad_alloc(); }, 7},
+               {[] { throw std::vector<int>().at(3); }, 9},
+               {[] { throw std::overflow_error("x"); }, 6},
+               {[&] { throw fsError(std::errc::no_such_file_or_directory); }, 53},
+               {[&] { throw fsError(std::errc::no_space_on_device); }, 61},
+               {[&] { throw fsError(std::errc::permission_denied); }, 75},
+               {[&] { throw fsError(std::errc::not_a_directory); }, 76},
+               {[&] { throw fsError(std::errc::file_exists); }, 58},
+               {[] { throw std::system_error(std::make_error_code(std::errc::io_error)); }, 57},
+               {[] { throw std::ios_base::failure("write"); }, 57},
+               {[] { throw std::invalid_argument("x"); }, 5},
+               {[] { throw std::runtime_error("socket closed"); }, 440},
+               {[] { throw RuntimeError(462); }, 462}};
   for (const auto& c : cases) {
     RuntimeError seen(0);
     RunTrapped(c.statement, [&](const RuntimeError& e) {
@@ -113,15 +101,13 @@ TEST(Trap, PassOverSwallowsStandardExceptionsOnly) {
   const struct {
     std::function<void()> failure;
     bool passedOver;
-  } cases[] = {
-      {[] {}, true},
-      {[] { throw RuntimeError(53); }, true},
-      {[] { throw std::runtime_error("socket closed"); }, true},
-      {[] { throw std::vector<int>().at(3); }, true},
-      {[] { throw std::bad_alloc(); }, true},
-      {[] { throw EndOfProcess{}; }, false},
-      {[] { throw 42; }, false},
-  };
+  } cases[] = {{[] {}, true},
+               {[] { throw RuntimeError(53); }, true},
+               {[] { throw std::runtime_error("socket closed"); }, true},
+               {[] { throw std::vector<int>().at(3); }, true},
+               {[] { throw std::bad_alloc(); }, true},
+               {[] { throw EndOfProcess{}; }, false},
+               {[] { throw 42; }, false}};
   for (size_t i = 0; i < std::size(cases); ++i) {
     int reached = 0;
     const auto statement = [&] {
@@ -142,18 +128,16 @@ TEST(RuntimeError, ClassicTexts) {
   const struct {
     int number;
     const char* text;
-  } cases[] = {
-      {5, "Invalid procedure call or argument"},
-      {6, "Overflow"},
-      {9, "Subscript out of range"},
-      {13, "Type mismatch"},
-      {53, "File not found"},
-      {75, "Path/File access error"},
-      {91, "Object variable or With block variable not set"},
-      {429, "ActiveX component can't create object"},
-      {462, "The remote server machine does not exist or is unavailable"},
-      {12345, "Application-defined or object-defined error"},
-  };
+  } cases[] = {{5, "Invalid procedure call or argument"},
+               {6, "Overflow"},
+               {9, "Subscript out of range"},
+               {13, "Type mismatch"},
+               {53, "File not found"},
+               {75, "Path/File access error"},
+               {91, "Object variable or With block variable not set"},
+               {429, "ActiveX component can't create object"},
+               {462, "The remote server machine does not exist or is unavailable"},
+               {12345, "Application-defined or object-defined error"}};
   for (const auto& c : cases) {
     EXPECT_EQ(ErrorText(c.number), c.text);
     RuntimeError e(c.number);
