@@ -1,7 +1,4 @@
-// The pages and dialogs as a person sees them: each page at 1024x720 and each dialog at its own
-// size with every widget inside, nothing drawn over anything else, no text cut, buttons at their
-// natural width, no scrolling, and Tab in the visual order. Then the keys that answer a dialog,
-// and the Pastel folder picked from the tree, the box and the folder dialog.
+// Pages and dialogs fit with nothing cut or covered and Tab in reading order; dialog keys; Dir1.
 #include <gtest/gtest.h>
 
 #include <QApplication>

@@ -1,6 +1,4 @@
-// The command line as the start reads it, played through the whole application life with the
-// script front-end: switches found anywhere, unknown parameters, missing templates, "/N", a path
-// that holds "/S", and the run of a named template with "/Q".
+// The command line as the start reads it, over the whole application life.
 #include <gtest/gtest.h>
 
 #include "ShellFixture.h"

@@ -1,6 +1,4 @@
-// An application in a temporary home with the script front-end as its user, a transcript and a
-// virtual clock, and small fakes for the routines of modules the shell calls through its seam
-// (templates, the Maximizer link, the client loop).
+// An application in a temporary home, played by a script on a virtual clock, with small fakes.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-// The import files: numbering, opening and closing, and the three kinds of line, written through
-// the record classes' INSERT into real files.
+// The import files written through the record classes' INSERT into real files.
 #include "transfer/ImportFiles.h"
 
 #include <gtest/gtest.h>
