@@ -1,7 +1,4 @@
-// frmOptions in the Qt window with background mode's real handlers: opened from the File menu,
-// typed into as a user types, refused and accepted by OK; and the window minimised in place of
-// hidden where the desktop has no notification area. With TOLMEN_SCREENSHOTS=DIR the dialog is
-// saved there as background-options.png.
+// frmOptions in the Qt window with background mode's real handlers, typed into as a user types.
 #include <gtest/gtest.h>
 
 #include <QAction>

@@ -1,30 +1,20 @@
-// The demo's run played in the Qt window (offscreen) against the same run on the script
-// front-end: the same transcript line for line and the same import file, with a screenshot of
-// each page and dialog.
+// The demo played in the Qt window gives the script front-end's transcript and import file.
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QImage>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "common/TempDir.h"
+#include "common/TestText.h"
 
 namespace tolmen::test {
 namespace {
 
-std::string ReadBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
-}
-
 // The file's text with its world's folder named WORLD, so that two worlds compare.
 std::string InWorld(const std::string& path, const std::string& world) {
-  std::string text = ReadBytes(path);
+  std::string text = ReadFile(path);
   for (size_t at = text.find(world); at != std::string::npos; at = text.find(world, at))
     text.replace(at, world.size(), "WORLD");
   return text;
@@ -36,7 +26,7 @@ int Play(const std::string& ui, const std::string& world, const std::string& sho
                               TOLMEN_SOURCE_DIR + "/tools/demo/play.sh' '" + TOLMEN_BIN_DIR +
                               "/..' " + ui + " '" + world + "' > '" + world + ".out' 2>&1";
   if (std::system(command.c_str()) != 0) return -1;
-  return std::stoi(ReadBytes(world + "/status"));
+  return std::stoi(ReadFile(world + "/status"));
 }
 
 TEST(DemoInWindowTest, TheWindowPlaysTheDemoAsTheScriptFrontEndDoes) {
@@ -44,15 +34,15 @@ TEST(DemoInWindowTest, TheWindowPlaysTheDemoAsTheScriptFrontEndDoes) {
   const std::string script = dir.File("script"), window = dir.File("window");
   const std::string shots = dir.File("shots");
   // The demo's book holds one client twice on purpose, so the run counts one error (status 1).
-  ASSERT_EQ(Play("script", script), 1) << ReadBytes(script + ".out");
-  ASSERT_EQ(Play("qt", window, shots), 1) << ReadBytes(window + ".out");
+  ASSERT_EQ(Play("script", script), 1) << ReadFile(script + ".out");
+  ASSERT_EQ(Play("qt", window, shots), 1) << ReadFile(window + ".out");
 
   const std::string transcript = InWorld(script + "/transcript.txt", script);
   ASSERT_NE(transcript.find("== MsgBox"), std::string::npos) << transcript;
   EXPECT_EQ(InWorld(window + "/transcript.txt", window), transcript);
-  const std::string customers = ReadBytes(script + "/pastel/MaxCus01.csv");
+  const std::string customers = ReadFile(script + "/pastel/MaxCus01.csv");
   EXPECT_FALSE(customers.empty());
-  EXPECT_EQ(ReadBytes(window + "/pastel/MaxCus01.csv"), customers);
+  EXPECT_EQ(ReadFile(window + "/pastel/MaxCus01.csv"), customers);
 
   // Every page seen, every dialog and the end, numbered in order; none of them empty.
   const QStringList files = QDir(QString::fromStdString(shots)).entryList({"*.png"}, QDir::Files);

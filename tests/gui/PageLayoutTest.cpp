@@ -1,7 +1,4 @@
-// The pages and dialogs as a person sees them: each page at 1024x720 and each dialog at its own
-// size with every widget inside, nothing drawn over anything else, no text cut, buttons at their
-// natural width, no scrolling, and Tab in the visual order. Then the keys that answer a dialog,
-// and the Pastel folder picked from the tree, the box and the folder dialog.
+// Pages and dialogs fit with nothing cut or covered and Tab in reading order; dialog keys; Dir1.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -38,8 +35,7 @@ struct Screen {
   int page;  // a tab of frmMain, or one of the two dialogs
 };
 
-// Widgets that hold others and are laid out by hand: a plain panel or a group box. Anything
-// else is one widget to a person, whatever it is made of inside.
+// A plain panel or a group box holds widgets laid out by hand; anything else is one widget.
 bool IsContainer(const QWidget* widget) {
   return widget->metaObject() == &QWidget::staticMetaObject ||
          qobject_cast<const QGroupBox*>(widget);
@@ -58,9 +54,8 @@ void Collect(QWidget* parent, QWidget* root, QList<QWidget*>& out) {
   }
 }
 
-// The order a person reads `parent`'s widgets in: row by row from the top (a widget whose middle
-// lies beside the row's topmost one is on its row), left to right in a row, a container's own
-// widgets read where the container stands. Only widgets Tab can reach are listed.
+// Tab-reachable widgets as a person reads them: rows from the top (a row is what lies beside its
+// topmost widget's middle), left to right, a container's widgets where the container stands.
 void ReadingOrder(QWidget* parent, QWidget* root, QList<QWidget*>& out) {
   QList<QWidget*> children;
   for (QWidget* child : parent->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))

@@ -1,7 +1,6 @@
 // The Qt front-end's dialogs, waits, timers and the small translations behind them.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
@@ -12,11 +11,11 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 
+#include "common/TempDir.h"
 #include "gui/FileFilter.h"
 #include "gui/QtUi.h"
 #include "gui/WhenShown.h"
@@ -26,6 +25,12 @@
 namespace tolmen {
 namespace {
 
+class QtUiTest : public ::testing::Test {
+ protected:
+  VirtualClock clock{45366.5};
+  QtUi ui{clock};
+};
+
 struct MsgBoxCase {
   int style;
   QMessageBox::ButtonRole press;  // QMessageBox::InvalidRole: the close box
@@ -34,7 +39,7 @@ struct MsgBoxCase {
   QMessageBox::Icon icon;
 };
 
-TEST(QtUiTest, MessageBoxesAnswerWithTheirButtonsDefaultAndIcon) {
+TEST_F(QtUiTest, MessageBoxesAnswerWithTheirButtonsDefaultAndIcon) {
   const MsgBoxCase cases[] = {
       {vbYesNoCancel + vbQuestion + vbDefaultButton2, QMessageBox::NoRole, vbNo, QMessageBox::No,
        QMessageBox::Question},
@@ -48,8 +53,6 @@ TEST(QtUiTest, MessageBoxesAnswerWithTheirButtonsDefaultAndIcon) {
        QMessageBox::Retry, QMessageBox::Warning},
       {vbOKOnly, QMessageBox::InvalidRole, vbOK, QMessageBox::Ok, QMessageBox::NoIcon},
   };
-  VirtualClock clock(45366.5);
-  QtUi ui(clock);
   for (const MsgBoxCase& c : cases) {
     QMessageBox::StandardButton shownDefault = QMessageBox::NoButton;
     QMessageBox::Icon shownIcon = QMessageBox::NoIcon;
@@ -76,9 +79,7 @@ TEST(QtUiTest, MessageBoxesAnswerWithTheirButtonsDefaultAndIcon) {
   }
 }
 
-TEST(QtUiTest, InputBoxGivesTheTextOrNothingOnCancel) {
-  VirtualClock clock(45366.5);
-  QtUi ui(clock);
+TEST_F(QtUiTest, InputBoxGivesTheTextOrNothingOnCancel) {
   WhenShown<QInputDialog>([](QInputDialog* dialog) {
     dialog->setTextValue(QString::fromUtf8("2 \u00BD"));
     dialog->accept();
@@ -95,15 +96,10 @@ TEST(QtUiTest, InputBoxGivesTheTextOrNothingOnCancel) {
   EXPECT_EQ(shownDefault, "3");
 }
 
-TEST(QtUiTest, FileDialogOffersTheTranslatedFiltersAndReturnsThePath) {
-  std::filesystem::path folder =
-      std::filesystem::temp_directory_path() /
-      ("tolmen-gui-" + std::to_string(getpid()) + "-" +
-       std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
-  std::filesystem::create_directories(folder);
+TEST_F(QtUiTest, FileDialogOffersTheTranslatedFiltersAndReturnsThePath) {
+  test::TempDir temp("tolmen-gui-");
+  const std::filesystem::path folder = temp.Path();
   std::ofstream(folder / "monthly.ktf") << "Tolmen Template\r\n";
-  VirtualClock clock(45366.5);
-  QtUi ui(clock);
   QStringList filters;
   WhenShown<QFileDialog>([&](QFileDialog* dialog) {
     filters = dialog->nameFilters();
@@ -120,10 +116,9 @@ TEST(QtUiTest, FileDialogOffersTheTranslatedFiltersAndReturnsThePath) {
   EXPECT_TRUE(ui.FileDialog(request, path));
   EXPECT_EQ(path, (folder / "monthly.ktf").string());
   EXPECT_EQ(filters, (QStringList{"Templates (*.ktf)", "All Files (*)"}));
-  std::filesystem::remove_all(folder);
 }
 
-TEST(QtUiTest, FilterTranslation) {
+TEST(QtNameFiltersTest, FilterTranslation) {
   const std::pair<std::string, std::vector<std::string>> cases[] = {
       {"Template Files (*.ktf)|*.ktf|All Files (*.*)|*.*",
        {"Template Files (*.ktf)", "All Files (*)"}},
@@ -134,9 +129,7 @@ TEST(QtUiTest, FilterTranslation) {
   for (const auto& [filter, expected] : cases) EXPECT_EQ(QtNameFilters(filter), expected) << filter;
 }
 
-TEST(QtUiTest, WaitsMoveAVirtualClockAtOnceAndTimersTickWhileEnabled) {
-  VirtualClock clock(45366.5);
-  QtUi ui(clock);
+TEST_F(QtUiTest, WaitsMoveAVirtualClockAtOnceAndTimersTickWhileEnabled) {
   QElapsedTimer elapsed;
   elapsed.start();
   ui.Wait(3);
@@ -159,9 +152,7 @@ TEST(QtUiTest, WaitsMoveAVirtualClockAtOnceAndTimersTickWhileEnabled) {
   EXPECT_EQ(fired, 3);
 }
 
-TEST(QtUiTest, BusyPointerShowsUntilReleased) {
-  VirtualClock clock(45366.5);
-  QtUi ui(clock);
+TEST_F(QtUiTest, BusyPointerShowsUntilReleased) {
   ui.SetBusyPointer(true);
   ui.SetBusyPointer(true);
   ASSERT_NE(QApplication::overrideCursor(), nullptr);

@@ -1,5 +1,4 @@
-// Answers a dialog that a test's next call will show modally: a timer finds it among the top-level
-// widgets once it is visible and runs the answer on it.
+// Answers a dialog the next call shows modally, found by a timer among the top-level widgets.
 #pragma once
 
 #include <QApplication>

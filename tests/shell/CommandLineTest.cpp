@@ -1,6 +1,4 @@
-// The command line as the start reads it, played through the whole application life with the
-// script front-end: switches found anywhere, unknown parameters, missing templates, "/N", a path
-// that holds "/S", and the run of a named template with "/Q".
+// The command line as the start reads it, over the whole application life.
 #include <gtest/gtest.h>
 
 #include "ShellFixture.h"
@@ -14,13 +12,18 @@ namespace {
 class CommandLineTest : public ShellFixture {
  protected:
   std::string CurrentTemplate() const { return Home() + "CURRENT.KTF"; }
+  // An application on `commandLine` with the start's fakes, and CURRENT.KTF present when asked.
+  void Launch(const std::string& commandLine, bool withCurrent = true,
+              const std::vector<std::string>& script = {}) {
+    if (withCurrent) WriteText(CurrentTemplate(), "TOLMEN TEMPLATE FILE\r\n");
+    Start(script, commandLine);
+    FakeStartStages();
+  }
 };
 
 TEST_F(CommandLineTest, SilentQuitWithoutBlankRunsTheTemplateAndEndsAtOnce) {
   WriteText(Home() + "monthly.KTF", "TOLMEN TEMPLATE FILE\r\n");
-  WriteText(CurrentTemplate(), "TOLMEN TEMPLATE FILE\r\n");
-  Start({}, "/SILENT/QUIT monthly.KTF");
-  FakeStartStages();
+  Launch("/SILENT/QUIT monthly.KTF");
   bool loopRan = false;
   app_->stages.TransferClients = [&] { loopRan = true; };
   EXPECT_EQ(RunApp(), kExitOk);
@@ -41,9 +44,7 @@ TEST_F(CommandLineTest, SilentQuitWithoutBlankRunsTheTemplateAndEndsAtOnce) {
 }
 
 TEST_F(CommandLineTest, UnknownParameterIsRefusedAndTheStartGoesOnWithCurrentKtf) {
-  WriteText(CurrentTemplate(), "TOLMEN TEMPLATE FILE\r\n");
-  Start({}, "/X /C");
-  FakeStartStages();
+  Launch("/X /C");
   EXPECT_EQ(RunApp(), kExitOk);
   EXPECT_EQ(Transcript(),
             "== MsgBox | Tolmen Command Line Ignored | OK | Critical\n"
@@ -59,9 +60,7 @@ TEST_F(CommandLineTest, UnknownParameterIsRefusedAndTheStartGoesOnWithCurrentKtf
 }
 
 TEST_F(CommandLineTest, MissingTemplateIsReportedAndCurrentKtfIsNotRead) {
-  WriteText(CurrentTemplate(), "TOLMEN TEMPLATE FILE\r\n");
-  Start({}, "/q nothere.ktf");
-  FakeStartStages();
+  Launch("/q nothere.ktf");
   EXPECT_EQ(RunApp(), kExitRunNotStarted);
   EXPECT_EQ(Transcript(),
             "== MsgBox | Tolmen Start-Up Error | OK | Exclamation\n"
@@ -79,9 +78,7 @@ TEST_F(CommandLineTest, MissingTemplateIsReportedAndCurrentKtfIsNotRead) {
 }
 
 TEST_F(CommandLineTest, NoAutoLoadsCurrentKtfWithoutLookingAtTheAutoRunFile) {
-  WriteText(CurrentTemplate(), "TOLMEN TEMPLATE FILE\r\n");
-  Start({}, "/N");
-  FakeStartStages();
+  Launch("/N");
   EXPECT_EQ(RunApp(), kExitOk);
   EXPECT_EQ(opened_, std::vector<std::string>{CurrentTemplate()});
   EXPECT_FALSE(AutoRunLooked());
@@ -91,8 +88,7 @@ TEST_F(CommandLineTest, NoAutoLoadsCurrentKtfWithoutLookingAtTheAutoRunFile) {
   // the factory options are loaded.
   fs::remove(CurrentTemplate());
   opened_.clear();
-  Start({}, "");
-  FakeStartStages();
+  Launch("", false);
   EXPECT_EQ(RunApp(), kExitOk);
   EXPECT_TRUE(AutoRunLooked());
   EXPECT_TRUE(opened_.empty());
@@ -108,8 +104,7 @@ TEST_F(CommandLineTest, SlashSInsideAPathIsTakenForTheSwitch) {
   // A path written with backslashes; the "/S" of "My/Stuff" is read as /SILENT and removed.
   const std::string root = Replace(dir_.Path().string(), "/", "\\");
   WriteText(dir_.File("Mytuff/year.ktf"), "TOLMEN TEMPLATE FILE\r\n");
-  Start({}, root + "\\My/Stuff\\year.ktf");
-  FakeStartStages();
+  Launch(root + "\\My/Stuff\\year.ktf", false);
   EXPECT_EQ(RunApp(), kExitOk);
   EXPECT_FALSE(app_->run.ShowFinalMessage);
   ASSERT_FALSE(opened_.empty());
@@ -120,26 +115,23 @@ TEST_F(CommandLineTest, SlashSInsideAPathIsTakenForTheSwitch) {
 
 TEST_F(CommandLineTest, ExitStatusFollowsTheCommandLineRun) {
   struct Case {
-    const char* script;  // the answer at the pause of client 1, if any
+    std::vector<std::string> script;  // the answer at the pause of client 1, if any
     bool logsAnError;
     int status;
   };
   for (const Case& c :
-       {Case{"", false, kExitOk}, Case{"", true, kExitRunErrors},
-        Case{"Cancel", false, kExitRunCancelled}, Case{"No", true, kExitRunErrors}}) {
+       {Case{{}, false, kExitOk}, Case{{}, true, kExitRunErrors},
+        Case{{"Cancel"}, false, kExitRunCancelled}, Case{{"No"}, true, kExitRunErrors}}) {
     WriteText(Home() + "monthly.KTF", "TOLMEN TEMPLATE FILE\r\n");
-    Start(std::string(c.script).empty() ? std::vector<std::string>{}
-                                        : std::vector<std::string>{c.script},
-          "/Q monthly.KTF");
-    FakeStartStages();
+    Launch("/Q monthly.KTF", false, c.script);
     FakeClientLoop(2, false);
     auto loop = app_->stages.TransferClients;
     app_->stages.TransferClients = [&] {
-      if (!std::string(c.script).empty()) cmdAbort_Click(*app_);
+      if (!c.script.empty()) cmdAbort_Click(*app_);
       if (c.logsAnError) LogError(*app_, "a client went wrong");
       loop();
     };
-    EXPECT_EQ(RunApp(), c.status) << c.script << " " << c.logsAnError;
+    EXPECT_EQ(RunApp(), c.status) << c.script.size() << " " << c.logsAnError;
   }
 }
 

@@ -1,6 +1,4 @@
-// The run log in real files: the heading of a run with its underline and option lines, every
-// entry kind, turning over at the limit, the folder it lives in, open or closed by level; and
-// the progress line's text.
+// The run log in real files, and the progress line's text.
 #include <gtest/gtest.h>
 
 #include "ShellFixture.h"

@@ -1,6 +1,4 @@
-// An application in a temporary home with the script front-end as its user, a transcript and a
-// virtual clock, and small fakes for the routines of modules the shell calls through its seam
-// (templates, the Maximizer link, the client loop).
+// An application in a temporary home, played by a script on a virtual clock, with small fakes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -62,8 +60,7 @@ class ShellFixture : public ::testing::Test {
   std::string Transcript() const { return transcript_.str(); }
   std::string Log() const { return ReadFile(app_->log.Path()); }
 
-  // Templates that read when their file exists, each read noted; an accepted Maximizer link;
-  // SetOptions choosing the account number UDF and all clients.
+  // Templates read when their file exists (each read noted), Maximizer accepted, fixed options.
   void FakeStartStages() {
     RunStages& stages = app_->stages;
     stages.TemplateOpen = [this](const std::string& path, bool) {
@@ -78,8 +75,7 @@ class ShellFixture : public ::testing::Test {
     };
   }
 
-  // A client loop over `clients` clients that writes a debtor for each, a minute each, yields as
-  // the real loop does and honours End and Cancel.
+  // A loop writing a debtor a minute per client, yielding as the real one does, honouring stops.
   void FakeClientLoop(int clients, bool writeDebtors = true) {
     app_->stages.TransferClients = [this, clients, writeDebtors] {
       Tolmen& app = *app_;

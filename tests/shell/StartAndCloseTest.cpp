@@ -1,11 +1,11 @@
-// Start and close of the application: the settings read at load and written at unload, the
-// debugging level dialog and its levels, the start-up entry's tick, and the close refused
-// during a run.
+// Start and close: settings, the debugging level, the start-up entry, close during a run.
 #include <gtest/gtest.h>
 
 #include "ShellFixture.h"
+#include "shell/ConfigFolder.h"
 #include "shell/DebugLevel.h"
 #include "shell/Registry.h"
+#include "shell/Settings.h"
 #include "shell/Startup.h"
 #include "transfer/Max2Pastel.h"
 
@@ -94,6 +94,29 @@ TEST_F(StartAndCloseTest, LevelFourLogsTheStartAndIsKept) {
       Contains(Transcript(), "@ click mnuOptnDebug\n== InputBox | Debugging Vellumator7 | 4\n"));
 }
 
+// The settings file and the autostart entry share the config folder.
+TEST(ConfigFolder, ComesFromXdgConfigHomeThenHome) {
+  const struct {
+    const char* config;
+    const char* home;
+    const char* folder;
+  } cases[] = {
+      {"/c/cfg", "/h/user", "/c/cfg"},
+      {"/c/cfg//", "/h/user", "/c/cfg"},
+      {"", "/h/user", "/h/user/.config"},
+      {"", "", ""},
+  };
+  for (const auto& c : cases) {
+    test::ScopedEnv config("XDG_CONFIG_HOME", c.config);
+    test::ScopedEnv home("HOME", c.home);
+    const std::string folder = c.folder;
+    EXPECT_EQ(ConfigFolder(), folder) << c.config << " " << c.home;
+    EXPECT_EQ(Settings::DefaultPath(), folder.empty() ? "" : folder + "/Vellumator7/settings.ini");
+    EXPECT_EQ(ReadRegistryValue(HKEY_CURRENT_USER, kShellFoldersKey, "Startup"),
+              folder.empty() ? "" : folder + "/autostart");
+  }
+}
+
 TEST_F(StartAndCloseTest, StartupEntryTicksTheFileMenu) {
   test::ScopedEnv config("XDG_CONFIG_HOME", dir_.File("config"));
   EXPECT_EQ(ReadRegistryValue(
@@ -103,9 +126,6 @@ TEST_F(StartAndCloseTest, StartupEntryTicksTheFileMenu) {
   EXPECT_EQ(ReadRegistryValue(HKEY_CURRENT_USER, kShellFoldersKey, "Desktop"), "");
   EXPECT_EQ(ReadRegistryValue(0x80000002u, kShellFoldersKey, "Startup"), "");
 
-  Start({});
-  RunApp();
-  EXPECT_FALSE(app_->screen.frmMain.mnuFile(50).Checked());
   WriteText(dir_.File("config/autostart/TOLMEN.DESKTOP"), "[Desktop Entry]\n");
   Start({});
   RunApp();

@@ -1,5 +1,4 @@
-// The import files: numbering, opening and closing, and the three kinds of line, written through
-// the record classes' INSERT into real files.
+// The import files written through the record classes' INSERT into real files.
 #include "transfer/ImportFiles.h"
 
 #include <gtest/gtest.h>
@@ -27,9 +26,11 @@ class ImportFilesTest : public ShellFixture {
   }
   std::string Folder() const { return dir_.File("set") + "/"; }
   void Touch(const std::string& name) { std::ofstream(Folder() + name) << "x"; }
-  // Every field written as its empty value, as a new debtor or document is built.
-  static void Blank(PastelRecord& record) {
+  // Every field blank, as a new debtor or document is built, then `fields` set.
+  static void Fill(PastelRecord& record,
+                   std::initializer_list<std::pair<int32_t, Variant>> fields) {
     for (int32_t field : record.Layout().Fields()) record.default_(field, Variant(std::string()));
+    for (const auto& [field, value] : fields) record.default_(field, value);
   }
 };
 
@@ -53,39 +54,25 @@ TEST_F(ImportFilesTest, CustomerAndInvoiceLinesAsPastelReadsThem) {
 
   pasDebtor& debtor = app_->pastelFiles.Debtor();
   pasDelivery& delivery = app_->pastelFiles.Delivery();
-  Blank(debtor);
-  Blank(delivery);
-  debtor.default_(1, 7);
-  debtor.default_(2, "SMI");
-  debtor.default_(3, "Bob \"the\" Smith");
-  debtor.default_(56, "  12 High St ");
-  debtor.default_(105, "u1");
-  delivery.default_(5, "011 555");
-  delivery.default_(13, "bob@example.com");
+  Fill(debtor, {{1, 7}, {2, "SMI"}, {3, "Bob \"the\" Smith"}, {56, "  12 High St "}, {105, "u1"}});
+  Fill(delivery, {{5, "011 555"}, {13, "bob@example.com"}});
   debtor.STATUS_ = 9;
   debtor.INSERT();
   EXPECT_EQ(debtor.STATUS_, 0);
 
   pasHisHeader header(*app_);
-  Blank(header);
-  header.default_(3, "SMI001");
-  header.default_(4, "05/03/2024");
-  header.default_(5, "PO 1");
-  header.default_(17, 30);
-  header.default_(20, 103);
-  header.default_(27, 2.5);
+  Fill(header, {{3, "SMI001"}, {4, "05/03/2024"}, {5, "PO 1"}, {17, 30}, {20, 103}, {27, 2.5}});
   header.INSERT();
   pasHisDetail detail(*app_);
-  Blank(detail);
-  detail.default_(4, "ITEM1");
-  detail.default_(7, 4);
-  detail.default_(10, " EA");
-  detail.default_(11, 1);
-  detail.default_(14, "Annual fee");
-  detail.default_(15, 10);
-  detail.default_(16, 1);
-  detail.default_(17, 114.5);
-  detail.default_(18, 130.53);
+  Fill(detail, {{4, "ITEM1"},
+                {7, 4},
+                {10, " EA"},
+                {11, 1},
+                {14, "Annual fee"},
+                {15, 10},
+                {16, 1},
+                {17, 114.5},
+                {18, 130.53}});
   detail.UPDATE();
 
   app_->run.WriteCsv = false;  // nothing more reaches either file

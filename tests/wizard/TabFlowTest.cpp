@@ -1,6 +1,4 @@
-// The wizard's tab flow played through the script front-end as a user plays it: a real Pastel set
-// (made by pasteldata's library code), a real maxsim serving a small address book, the demo
-// template, a virtual clock, and the transcript of every dialog.
+// The wizard's tab flow played by script against a real Pastel set and a real maxsim.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -67,8 +65,7 @@ class TabFlowTest : public MaximizerTest {
     return path;
   }
 
-  // The whole life of a fresh application (on the same settings and folders) over `script`;
-  // `prepare` runs before the window loads.
+  // A fresh application's whole life on the same folders; `prepare` runs before the window loads.
   void Play(const std::vector<std::string>& script, const std::function<void()>& prepare = {}) {
     window_.reset();
     Start(script);
@@ -125,8 +122,7 @@ TEST_F(TabFlowTest, HiddenPagesAreSkippedAndAPageThatGoesWhileShowingIsLeftFirst
   EXPECT_TRUE(form.cmdBack.Enabled());
 }
 
-// Next on the "To Pastel" page checks the choices as the screen shows them, before SetOptions has
-// copied them: a category from a UDF that names none stops there.
+// Next on "To Pastel" checks the category choice on the screen, before SetOptions copies it.
 TEST_F(TabFlowTest, NextOnToPastelChecksTheCategoryChoiceOnTheScreen) {
   ServeSmallBook();
   Play({"@set Dir1 " + Pastel(), "@click cmdNext", "@click optImport 0", "@click optCategory 2",
@@ -216,8 +212,7 @@ TEST_F(TabFlowTest, DatabaseChangeWarningIsGivenOncePerTemplateAndNoGoesBackToTh
       dir_.File("old-book") + "\nNow you are using:\n" + database_ + "\nIs this OK?\n-> No\n";
   EXPECT_THAT(Transcript(), HasSubstr("@ tab 1\n" + warning + "@ click cmdNext\n"));
   EXPECT_EQ(Count("Warning: Maximizer Database change!"), 1);
-  // The template sent the wizard to the Transfer page; No sent it back to the first page, from
-  // where it goes on without a second warning.
+  // From the template's Transfer page No goes back to the first; no second warning from there.
   EXPECT_EQ(window_->pages, (std::vector<int>{5, 0, 1, 2}));
 }
 
@@ -259,8 +254,7 @@ TEST_F(TabFlowTest, LimitLogFileSizeStoresANumericAnswerAndTicksTheItem) {
   EXPECT_EQ(Settings(dir_.File("settings.ini")).GetSetting("Settings", "LogFileLimit"), "0");
 }
 
-// The "To Maximizer" page's buttons and lists, as a user edits the links: a broken link among
-// them, the two refusals, Add, Replace, Edit and Delete by click and by double click.
+// Links edited on "To Maximizer" by click and double click, a broken one among them.
 TEST_F(TabFlowTest, LinksAreMadeEditedAndRemovedOnTheToMaximizerPage) {
   ServeSmallBook();
   std::vector<std::string> seen;  // before each button: the ageing note, the links' tooltip
@@ -312,24 +306,6 @@ TEST_F(TabFlowTest, LinksAreMadeEditedAndRemovedOnTheToMaximizerPage) {
   EXPECT_EQ(form.lst2MaxUDFs.ListIndex(), 6);
   // With the menu tick off the links are not looked at, and Next goes on.
   EXPECT_EQ(window_->pages.back(), MainForm::kTabRecurringBilling);
-}
-
-TEST_F(TabFlowTest, OpeningATemplateAndImportingRunsTheTransfer) {
-  ServeSmallBook();
-  const std::string path = WriteTemplate(database_);
-  Play({OpenTemplate(), "= " + path, "@click cmdNext", "Yes", "No"});
-  EXPECT_THAT(Transcript(), HasSubstr("== MsgBox | Tolmen Import Complete: Open Log File? | "
-                                      "Yes/No | Information\n3 Pastel Debtors (0 new) were "
-                                      "written to file " +
-                                      Pastel() + "MaxCus01.csv\n"));
-  // One line per client marked for Pastel, Bluegum left out.
-  std::vector<std::string> codes;
-  for (const std::string& line : TextLines(ReadFile(Pastel() + "MaxCus01.csv")))
-    codes.push_back(line.substr(0, 9));
-  EXPECT_EQ(codes, (std::vector<std::string>{"\"ACM001\",", "\"BOT001\",", "\"CAP001\","}));
-  EXPECT_THAT(ReadFile(Pastel() + "Tolmen.LOG"),
-              HasSubstr("Tolmen Import Completed at 23 Nov 2026 09:00"));
-  EXPECT_FALSE(app_->run.RunActive);
 }
 
 }  // namespace
