@@ -17,7 +17,9 @@
 
 #include "background/AutoRunFile.h"
 #include "background/BackgroundState.h"
+#include "common/CrashKit.h"
 #include "common/TempDir.h"
+#include "common/TestText.h"
 #include "platform/recordmanager/BtrCodes.h"
 #include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/RecordEngine.h"
@@ -73,11 +75,6 @@ std::string Message(const std::function<void()>& write) {
   return "no error";
 }
 
-std::string Read(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 void Write(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
@@ -126,7 +123,7 @@ TEST(FullDisk, FilesRewrittenWholeKeepTheirOldContents) {
     const std::string message =
         WithFullDisk(old.size() + 8, [&] { return Message([&] { w.write(path); }); });
     EXPECT_EQ(message.substr(0, std::string(w.message).size()), w.message) << message;
-    EXPECT_EQ(Read(path), old);
+    EXPECT_EQ(ReadFile(path), old);
     EXPECT_EQ(Names(dir), std::vector<std::string>{w.file});
   }
 }
@@ -143,7 +140,7 @@ TEST(FullDisk, AppendedFilesKeepWhatTheyHeldAndEndOnAWholeLine) {
     });
   });
   EXPECT_EQ(logMessage, "61 Disk full: " + dir.File(RunLog::kFileName));
-  EXPECT_EQ(Read(dir.File(RunLog::kFileName)).substr(0, old.size()), old);
+  EXPECT_EQ(ReadFile(dir.File(RunLog::kFileName)).substr(0, old.size()), old);
 
   const std::string line = "\"ACM001\",\"Acme Trading\"\r\n";
   const std::string importMessage = WithFullDisk(line.size() * 3 + 5, [&] {
@@ -154,60 +151,45 @@ TEST(FullDisk, AppendedFilesKeepWhatTheyHeldAndEndOnAWholeLine) {
     });
   });
   EXPECT_EQ(importMessage, "61 Disk full");
-  EXPECT_EQ(Read(dir.File("MaxCus01.csv")), line + line + line) << "whole lines only";
+  EXPECT_EQ(ReadFile(dir.File("MaxCus01.csv")), line + line + line) << "whole lines only";
 }
 
 TEST(FullDisk, ARecordFileRefusesTheTransactionAndKeepsItsRecords) {
   TempDir dir;
   const std::string path = dir.File("DEBTORS.DAT");
   const FileDef def{100, 4096, false, {KeyDef{false, false, {SegmentDef{1, 8, KeyType::String}}}}};
-  auto call = [](RecordEngine& engine, std::string& pos, uint16_t op, const std::string& record) {
-    std::string data = record, key = std::string(255, ' ');
-    auto length = static_cast<int32_t>(data.size());
-    return engine.BTRCALL(op, pos, data, length, key, 255, 0);
-  };
-  auto record = [](int n) {
-    std::string r = std::to_string(10000000 + n);
-    r.resize(100, '.');
-    return r;
-  };
-  {
+  // Opens the file (after creating it with `create`) and inserts records `from` to `to` in one
+  // transaction when `inTransaction`; the first status that is not 0, or 0.
+  const auto insert = [&](bool create, int from, int to, bool inTransaction) {
     RecordEngine engine;
     std::string pos(128, ' '), data = BuildCreateBuffer(def), key = path;
-    auto length = static_cast<int32_t>(data.size());
-    ASSERT_EQ(engine.BTRCALL(kOpCreate, pos, data, length, key, 255, 0), 0);
+    auto call = [&](uint16_t op, std::string record) {
+      data = std::move(record);
+      auto length = static_cast<int32_t>(data.size());
+      return engine.BTRCALL(op, pos, data, length, key, 255, 0);
+    };
+    int16_t status = create ? call(kOpCreate, data) : 0;
     key = path;
-    ASSERT_EQ(engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
-    for (int n = 0; n < 10; ++n) ASSERT_EQ(call(engine, pos, kOpInsert, record(n)), 0);
-  }
+    if (status == 0) status = call(kOpOpen, "");
+    if (status == 0 && inTransaction) status = call(kOpBeginTransaction, "");
+    key.assign(255, ' ');
+    for (int n = from; n < to && status == 0; ++n) {
+      std::string record = std::to_string(10000000 + n);
+      record.resize(100, '.');
+      status = call(kOpInsert, record);
+    }
+    if (status == 0 && inTransaction) status = call(kOpEndTransaction, "");
+    return status;
+  };
+  ASSERT_EQ(insert(true, 0, 10, false), 0);
+  const auto before = Records(path);
+  ASSERT_EQ(before->size(), 10u);
   // Room for the file, its log index (32 KiB) and a little of its log.
   const auto size = std::filesystem::file_size(path);
-  const std::string status = WithFullDisk(std::max<rlim_t>(size, 32768) + 32768, [&] {
-    RecordEngine engine;
-    std::string pos(128, ' '), data, key = path;
-    int32_t length = 0;
-    if (engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0) != 0) return std::string("open");
-    call(engine, pos, kOpBeginTransaction, "");
-    int16_t st = 0;
-    for (int n = 10; n < 2000 && st == 0; ++n) st = call(engine, pos, kOpInsert, record(n));
-    if (st == 0) st = call(engine, pos, kOpEndTransaction, "");
-    return std::to_string(st);
-  });
-  EXPECT_EQ(status, std::to_string(kStatusDiskFull));
-
-  RecordEngine engine;
-  std::string pos(128, ' '), data, key = path;
-  int32_t length = 0;
-  ASSERT_EQ(engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
-  int count = 0;
-  for (uint16_t op = kOpGetFirst;; op = kOpGetNext) {
-    data.assign(100, ' ');
-    length = 100;
-    if (engine.BTRCALL(op, pos, data, length, key, 255, 0) != 0) break;
-    EXPECT_EQ(data, record(count));
-    ++count;
-  }
-  EXPECT_EQ(count, 10);
+  EXPECT_EQ(WithFullDisk(std::max<rlim_t>(size, 32768) + 32768,
+                         [&] { return std::to_string(insert(false, 10, 2000, true)); }),
+            std::to_string(kStatusDiskFull));
+  EXPECT_EQ(Records(path), before);
 }
 
 }  // namespace
