@@ -1,7 +1,5 @@
-// A full disk under every file the system writes: the writer gives a clear message and an old
-// file stays as it was. The disk fills up for a child process through its file size limit
-// (RLIMIT_FSIZE, with SIGXFSZ ignored, so that a write past it fails with EFBIG as one on a full
-// disk fails with ENOSPC).
+// A full disk under every file the system writes: a clear message, and an old file stays as it
+// was. A child's file size limit (SIGXFSZ ignored) fails writes with EFBIG as a full disk would.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -75,10 +73,6 @@ std::string Message(const std::function<void()>& write) {
   return "no error";
 }
 
-void Write(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
-
 // Nothing but the file itself is left in the folder: no temporary file beside it.
 std::vector<std::string> Names(const TempDir& dir) {
   std::vector<std::string> names;
@@ -119,7 +113,7 @@ TEST(FullDisk, FilesRewrittenWholeKeepTheirOldContents) {
     SCOPED_TRACE(w.file);
     TempDir dir;
     const std::string path = dir.File(w.file);
-    Write(path, old);
+    std::ofstream(path, std::ios::binary) << old;
     const std::string message =
         WithFullDisk(old.size() + 8, [&] { return Message([&] { w.write(path); }); });
     EXPECT_EQ(message.substr(0, std::string(w.message).size()), w.message) << message;
@@ -131,7 +125,7 @@ TEST(FullDisk, FilesRewrittenWholeKeepTheirOldContents) {
 TEST(FullDisk, AppendedFilesKeepWhatTheyHeldAndEndOnAWholeLine) {
   TempDir dir;
   const std::string old = "first run\r\n";
-  Write(dir.File(RunLog::kFileName), old);
+  std::ofstream(dir.File(RunLog::kFileName), std::ios::binary) << old;
   const std::string logMessage = WithFullDisk(old.size() + 16, [&] {
     RunLog log;
     log.SetFolder(dir.Path().string() + "/");

@@ -1,7 +1,5 @@
-// Scheduled runs as background mode makes them: the minute timer driven by the script's
-// @minutes on the virtual clock, the template list run in order through the run start's pieces,
-// a template that fails its check skipped, and the import files a scheduled run meets: none at
-// the process's start (the dialog of the import files), the wizard's after a wizard Import.
+// Scheduled runs of background mode on the virtual clock: the template list in order, a bad
+// template skipped, and the import files they meet (none at start, the wizard's after an Import).
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,6 +1,5 @@
-// Import with casual billing rules in the template: the rules are resolved before the run, and
-// as Pastel's inventory cannot be read, a template with rules is refused with one report of
-// every rule's fault; a template without rules runs as before.
+// Casual billing rules are resolved before the run: as Pastel's inventory cannot be read, a
+// template with rules is refused with one report of every rule's fault; one without runs.
 #include <gtest/gtest.h>
 
 #include <filesystem>

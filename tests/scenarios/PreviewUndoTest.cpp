@@ -1,6 +1,5 @@
-// A run previewed, then made, then undone, against a real maxsim and Pastel set: the preview
-// changes nothing and shows exactly what the run then writes; the journal lets undo put back
-// every UDF value nobody has changed since, and a second undo does nothing.
+// A run previewed, made and undone: the preview changes nothing and shows what the run writes;
+// undo puts back every UDF value nobody has changed since, and only once.
 #include <gtest/gtest.h>
 
 #include <filesystem>
