@@ -20,42 +20,33 @@ class AccountCodeRunTest : public ScenarioTest {
       Customer{"ACM001", "Acme Trading", "011 555 0100", "", "", "accounts@acme.example"}.Line();
 };
 
+// An individual (2) or a contact (31).
+json Person(const std::string& id, int type, const std::string& last, const std::string& first,
+            const std::string& title, json more) {
+  more.update({{"Last_Name", last}, {"First_Name", first}, {"Mr/Ms", title}});
+  return Client(id, type, more);
+}
+
 // The book in Maximizer's name order. The UDF "Account Number" holds six characters, seven,
 // blanks or nothing; Naidoo is a contact of Acme.
 json Book() {
-  return json::array({
-      Client("C1", 1,
-             {{"Client_Name", "Acme Trading"},
-              {"Phone_1", "011 555 0100"},
-              {"Phone_1_Description", "Tel"},
-              {"E-mail Address", "accounts@acme.example"},
-              {"udfs", {{"Account Number", "ACM001"}}}}),
-      Company("C6", "Al"),
-      Client("C2", 1,
-             {{"Client_Name", "Bravo Ltd"},
-              {"E-mail Address", "none"},
-              {"udfs", {{"Account Number", "BRAVOLD"}}}}),
-      Client("C4", 31,
-             {{"Last_Name", "Naidoo"},
-              {"First_Name", "Priya"},
-              {"Mr/Ms", "Ms"},
-              {"company", "Acme Trading"},
-              {"udfs", {{"Account Number", "NAID01"}}}}),
-      Company("C5", "O'Brien & Sons (Pty)"),
-      Client("C3", 2,
-             {{"Last_Name", "Smith"},
-              {"First_Name", "John"},
-              {"Mr/Ms", "Mr"},
-              {"Phone_1", "012 345"},
-              {"Phone_1_Description", "Home"},
-              {"udfs", {{"Account Number", "   "}}}}),
-      Client("C7", 2,
-             {{"Last_Name", "Smithers"},
-              {"First_Name", "Jane"},
-              {"Mr/Ms", "Ms"},
-              {"Phone_1", "082 555 0606"},
-              {"Phone_1_Description", "Cell"}}),
-  });
+  json acme = Company("C1", "Acme Trading", "ACM001");
+  acme.update({{"Phone_1", "011 555 0100"},
+               {"Phone_1_Description", "Tel"},
+               {"E-mail Address", "accounts@acme.example"}});
+  json bravo = Company("C2", "Bravo Ltd", "BRAVOLD");
+  bravo["E-mail Address"] = "none";
+  return json::array(
+      {acme, Company("C6", "Al"), bravo,
+       Person("C4", 31, "Naidoo", "Priya", "Ms",
+              {{"company", "Acme Trading"}, {"udfs", {{"Account Number", "NAID01"}}}}),
+       Company("C5", "O'Brien & Sons (Pty)"),
+       Person("C3", 2, "Smith", "John", "Mr",
+              {{"Phone_1", "012 345"},
+               {"Phone_1_Description", "Home"},
+               {"udfs", {{"Account Number", "   "}}}}),
+       Person("C7", 2, "Smithers", "Jane", "Ms",
+              {{"Phone_1", "082 555 0606"}, {"Phone_1_Description", "Cell"}})});
 }
 
 TEST_F(AccountCodeRunTest, CodesFromTheUdfOrTheUserAreWrittenAndStoredBack) {

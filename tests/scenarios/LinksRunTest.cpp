@@ -2,6 +2,8 @@
 // maxsim stores them, and a template whose links name a UDF the address book lacks.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "ScenarioKit.h"
 #include "shell/Tolmen.h"
 
@@ -69,13 +71,8 @@ TEST_F(LinksRunTest, FiguresReachTheLinkedUdfs) {
   WriteTemplate({}, kLinks);
   Run(ImportScript({"Yes", "No"}, {"@click mnuOptnPas2Max"}));
 
-  struct Expected {
-    const char* id;
-    const char* udf;
-    json value;
-  };
   const json none;  // the UDF was never written
-  const std::vector<Expected> expected = {
+  const std::vector<std::tuple<const char*, const char*, json>> expected = {
       // A six-character code: the debtor image as the run filled it, whatever Pastel holds.
       {"C1", "Balance", "0"},
       {"C1", "Current", "0"},
@@ -103,8 +100,7 @@ TEST_F(LinksRunTest, FiguresReachTheLinkedUdfs) {
       {"C3", "Score", "5"},  // "ABC" is no number: Maximizer keeps what it had
       {"C3", "Doc Numbers", none},
   };
-  for (const Expected& e : expected)
-    EXPECT_EQ(StoredUdf(e.id, e.udf), e.value) << e.id << " " << e.udf;
+  for (const auto& [id, udf, value] : expected) EXPECT_EQ(StoredUdf(id, udf), value) << id << udf;
 
   // Maximizer's list reads its last client twice.
   const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
