@@ -47,9 +47,7 @@ class CrashRunTest : public ScenarioTest {
   // A new category for every debtor of the run, then Transfer; the status of the whole run.
   // Maximizer's list reads its last client twice, which the run counts as an error.
   void WholeRun() {
-    EXPECT_EQ(Run(ImportScript({"Yes", "No"}, {"@tab 1", "@click optCategory 1", "@tab 5"})),
-              kExitRunErrors)
-        << Transcript();
+    EXPECT_EQ(Run(ImportScript({"Yes", "No"}, NewCategory())), kExitRunErrors) << Transcript();
   }
 };
 
@@ -125,7 +123,7 @@ TEST_F(CrashRunTest, MaxsimKilledDuringARunEndsItWithTheErrorDialogWithinSeconds
     if (app.run.ClientsScanned == 2 && maxsim_) maxsim_->Kill();
   };
   const auto start = std::chrono::steady_clock::now();
-  Run(ImportScript({"Yes", "OK", "No"}, {"@tab 1", "@click optCategory 1", "@tab 5"}));
+  Run(ImportScript({"Yes", "OK", "No"}, NewCategory()));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
   EXPECT_TRUE(Contains(Transcript(), "The remote server machine does not exist or is unavailable"))
       << Transcript();

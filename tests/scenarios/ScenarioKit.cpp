@@ -143,9 +143,7 @@ void ScenarioTest::MakeWorld(const json& clients, const json& moreUdfs) {
   }
   const std::string description = dir_.File("book.json");
   std::ofstream(description) << json{
-      {"name", "Scenario Book"},
-      {"udfs", udfs},
-      {"clients", clients}}.dump();
+      {"name", "Scenario Book"}, {"udfs", udfs}, {"clients", clients}};
   maxsim_ = std::make_unique<MaxsimProcess>(description);
   ASSERT_TRUE(maxsim_->Start());
   ::setenv("MAXIMIZER_SOCKET", maxsim_->Socket().c_str(), 1);

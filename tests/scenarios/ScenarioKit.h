@@ -100,6 +100,12 @@ class ScenarioTest : public ::testing::Test {
   // on the Transfer page (which is Import) and `answers` for the dialogs that follow.
   std::vector<std::string> ImportScript(const std::vector<std::string>& answers,
                                         const std::vector<std::string>& actions = {}) const;
+  // Wizard actions: a new category for every debtor of the run (offered as <4> after the demo
+  // set's three), back on the Transfer page, then `more`.
+  static std::vector<std::string> NewCategory(std::vector<std::string> more = {}) {
+    more.insert(more.begin(), {"@tab 1", "@click optCategory 1", "@tab 5"});
+    return more;
+  }
   // Runs tolmen from start to end with this user and command line; its exit status.
   int Run(const std::vector<std::string>& script, const std::string& commandLine = "",
           int debugLevel = 0);

@@ -24,14 +24,6 @@ class StopRunTest : public ScenarioTest {
     std::filesystem::copy_file(path, PastelFolder() + "Kelbor.KTF");
   }
 
-  // On the "To Pastel" page the user asks for a new category for every debtor of the run: it
-  // is offered as <4>, after the set's three. Back on the Transfer page, with `more` to do.
-  std::vector<std::string> NewCategory(const std::vector<std::string>& more = {}) const {
-    std::vector<std::string> actions = {"@tab 1", "@click optCategory 1", "@tab 5"};
-    actions.insert(actions.end(), more.begin(), more.end());
-    return actions;
-  }
-
   const std::vector<std::string> kDemoCategories = {"<1> Retail", "<2> Wholesale",
                                                     "<3> Retail Sales"};
   const std::string kAcme = Customer{"ACM001", "Acme Trading", "", "", "", "", 4}.Line();
