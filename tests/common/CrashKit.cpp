@@ -8,6 +8,9 @@
 #include <map>
 #include <set>
 
+#include "platform/recordmanager/BtrCodes.h"
+#include "platform/recordmanager/RecordEngine.h"
+
 namespace tolmen::test {
 namespace {
 
@@ -48,6 +51,23 @@ int RunUntilKilled(const std::function<void(const std::function<void()>& stop)>&
   while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
   }
   return status;
+}
+
+std::optional<std::vector<std::string>> Records(const std::string& path) {
+  RecordEngine engine;
+  std::string pos(128, ' '), data, key = path;
+  int32_t length = 0;
+  if (engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0) != kStatusOk) return std::nullopt;
+  std::vector<std::string> records;
+  key.assign(255, ' ');
+  for (uint16_t op = kOpGetFirst;; op = kOpGetNext) {
+    data.assign(65536, ' ');
+    length = 65536;
+    if (engine.BTRCALL(op, pos, data, length, key, 255, 0) != kStatusOk) break;
+    records.push_back(data.substr(0, static_cast<size_t>(length)));
+  }
+  engine.BTRCALL(kOpClose, pos, data, length, key, 255, 0);
+  return records;
 }
 
 WalWriteWatch::WalWriteWatch() {

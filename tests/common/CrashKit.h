@@ -5,7 +5,9 @@
 #include <sqlite3.h>
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tolmen::test {
 
@@ -13,6 +15,10 @@ namespace tolmen::test {
 // parent kills it with SIGKILL there and then. Returns the child's wait status (WIFSIGNALED with
 // SIGKILL when it was stopped; its exit status otherwise: 0 when `work` returned).
 int RunUntilKilled(const std::function<void(const std::function<void()>& stop)>& work);
+
+// Every record of the record file at `path`, along its first key, read through a fresh engine;
+// nothing when it does not open as a record file.
+std::optional<std::vector<std::string>> Records(const std::string& path);
 
 // While it lives, SQLite's default VFS calls `beforeWrite(path)` before each write to a write-ahead
 // log ("-wal" file), and counts the logs written to since it was armed.

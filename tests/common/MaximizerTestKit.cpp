@@ -30,7 +30,7 @@ std::string Maxsim::Init(const std::string& name, const nlohmann::json& descript
   const std::string folder = root_ + "/" + name;
   const std::string file = root_ + "/" + name + ".json";
   std::ofstream(file) << description.dump(1);
-  const ProgramRun init = RunMaxsim({"init", folder, "--from", file});
+  const RunResult init = RunMaxsim({"init", folder, "--from", file});
   EXPECT_EQ(init.status, 0) << "maxsim init " << name;
   return folder;
 }

@@ -77,9 +77,6 @@ class HookedUi final : public Ui {
   Ui& inner_;
 };
 
-// A run of maxsim: its exit status (-1 when it did not end normally) and what it printed.
-using ProgramRun = RunResult;
-
 // A maxsim instance: address books made with `maxsim init` in folders of `root`, served on
 // `socket` by `maxsim serve`, driven by `maxsim ctl`.
 class Maxsim {
@@ -96,7 +93,7 @@ class Maxsim {
   // SIGKILL, and the process reaped.
   void Kill();
 
-  ProgramRun Ctl(const std::vector<std::string>& args) const { return CtlMaxsim(socket_, args); }
+  RunResult Ctl(const std::vector<std::string>& args) const { return CtlMaxsim(socket_, args); }
   // The journal's lines, and the journal cleared.
   std::vector<std::string> TakeJournal() const { return TakeMaxsimJournal(socket_); }
 

@@ -1,7 +1,5 @@
-// A full disk under every file the system writes: the writer gives a clear message and an old
-// file stays as it was. The disk fills up for a child process through its file size limit
-// (RLIMIT_FSIZE, with SIGXFSZ ignored, so that a write past it fails with EFBIG as one on a full
-// disk fails with ENOSPC).
+// A full disk under every file the system writes: a clear message, and an old file stays as it
+// was. A child's file size limit (SIGXFSZ ignored) fails writes with EFBIG as a full disk would.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -17,7 +15,9 @@
 
 #include "background/AutoRunFile.h"
 #include "background/BackgroundState.h"
+#include "common/CrashKit.h"
 #include "common/TempDir.h"
+#include "common/TestText.h"
 #include "platform/recordmanager/BtrCodes.h"
 #include "platform/recordmanager/FileStat.h"
 #include "platform/recordmanager/RecordEngine.h"
@@ -73,15 +73,6 @@ std::string Message(const std::function<void()>& write) {
   return "no error";
 }
 
-std::string Read(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-void Write(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
-
 // Nothing but the file itself is left in the folder: no temporary file beside it.
 std::vector<std::string> Names(const TempDir& dir) {
   std::vector<std::string> names;
@@ -122,11 +113,11 @@ TEST(FullDisk, FilesRewrittenWholeKeepTheirOldContents) {
     SCOPED_TRACE(w.file);
     TempDir dir;
     const std::string path = dir.File(w.file);
-    Write(path, old);
+    std::ofstream(path, std::ios::binary) << old;
     const std::string message =
         WithFullDisk(old.size() + 8, [&] { return Message([&] { w.write(path); }); });
     EXPECT_EQ(message.substr(0, std::string(w.message).size()), w.message) << message;
-    EXPECT_EQ(Read(path), old);
+    EXPECT_EQ(ReadFile(path), old);
     EXPECT_EQ(Names(dir), std::vector<std::string>{w.file});
   }
 }
@@ -134,7 +125,7 @@ TEST(FullDisk, FilesRewrittenWholeKeepTheirOldContents) {
 TEST(FullDisk, AppendedFilesKeepWhatTheyHeldAndEndOnAWholeLine) {
   TempDir dir;
   const std::string old = "first run\r\n";
-  Write(dir.File(RunLog::kFileName), old);
+  std::ofstream(dir.File(RunLog::kFileName), std::ios::binary) << old;
   const std::string logMessage = WithFullDisk(old.size() + 16, [&] {
     RunLog log;
     log.SetFolder(dir.Path().string() + "/");
@@ -143,7 +134,7 @@ TEST(FullDisk, AppendedFilesKeepWhatTheyHeldAndEndOnAWholeLine) {
     });
   });
   EXPECT_EQ(logMessage, "61 Disk full: " + dir.File(RunLog::kFileName));
-  EXPECT_EQ(Read(dir.File(RunLog::kFileName)).substr(0, old.size()), old);
+  EXPECT_EQ(ReadFile(dir.File(RunLog::kFileName)).substr(0, old.size()), old);
 
   const std::string line = "\"ACM001\",\"Acme Trading\"\r\n";
   const std::string importMessage = WithFullDisk(line.size() * 3 + 5, [&] {
@@ -154,60 +145,45 @@ TEST(FullDisk, AppendedFilesKeepWhatTheyHeldAndEndOnAWholeLine) {
     });
   });
   EXPECT_EQ(importMessage, "61 Disk full");
-  EXPECT_EQ(Read(dir.File("MaxCus01.csv")), line + line + line) << "whole lines only";
+  EXPECT_EQ(ReadFile(dir.File("MaxCus01.csv")), line + line + line) << "whole lines only";
 }
 
 TEST(FullDisk, ARecordFileRefusesTheTransactionAndKeepsItsRecords) {
   TempDir dir;
   const std::string path = dir.File("DEBTORS.DAT");
   const FileDef def{100, 4096, false, {KeyDef{false, false, {SegmentDef{1, 8, KeyType::String}}}}};
-  auto call = [](RecordEngine& engine, std::string& pos, uint16_t op, const std::string& record) {
-    std::string data = record, key = std::string(255, ' ');
-    auto length = static_cast<int32_t>(data.size());
-    return engine.BTRCALL(op, pos, data, length, key, 255, 0);
-  };
-  auto record = [](int n) {
-    std::string r = std::to_string(10000000 + n);
-    r.resize(100, '.');
-    return r;
-  };
-  {
+  // Opens the file (after creating it with `create`) and inserts records `from` to `to` in one
+  // transaction when `inTransaction`; the first status that is not 0, or 0.
+  const auto insert = [&](bool create, int from, int to, bool inTransaction) {
     RecordEngine engine;
     std::string pos(128, ' '), data = BuildCreateBuffer(def), key = path;
-    auto length = static_cast<int32_t>(data.size());
-    ASSERT_EQ(engine.BTRCALL(kOpCreate, pos, data, length, key, 255, 0), 0);
+    auto call = [&](uint16_t op, std::string record) {
+      data = std::move(record);
+      auto length = static_cast<int32_t>(data.size());
+      return engine.BTRCALL(op, pos, data, length, key, 255, 0);
+    };
+    int16_t status = create ? call(kOpCreate, data) : 0;
     key = path;
-    ASSERT_EQ(engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
-    for (int n = 0; n < 10; ++n) ASSERT_EQ(call(engine, pos, kOpInsert, record(n)), 0);
-  }
+    if (status == 0) status = call(kOpOpen, "");
+    if (status == 0 && inTransaction) status = call(kOpBeginTransaction, "");
+    key.assign(255, ' ');
+    for (int n = from; n < to && status == 0; ++n) {
+      std::string record = std::to_string(10000000 + n);
+      record.resize(100, '.');
+      status = call(kOpInsert, record);
+    }
+    if (status == 0 && inTransaction) status = call(kOpEndTransaction, "");
+    return status;
+  };
+  ASSERT_EQ(insert(true, 0, 10, false), 0);
+  const auto before = Records(path);
+  ASSERT_EQ(before->size(), 10u);
   // Room for the file, its log index (32 KiB) and a little of its log.
   const auto size = std::filesystem::file_size(path);
-  const std::string status = WithFullDisk(std::max<rlim_t>(size, 32768) + 32768, [&] {
-    RecordEngine engine;
-    std::string pos(128, ' '), data, key = path;
-    int32_t length = 0;
-    if (engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0) != 0) return std::string("open");
-    call(engine, pos, kOpBeginTransaction, "");
-    int16_t st = 0;
-    for (int n = 10; n < 2000 && st == 0; ++n) st = call(engine, pos, kOpInsert, record(n));
-    if (st == 0) st = call(engine, pos, kOpEndTransaction, "");
-    return std::to_string(st);
-  });
-  EXPECT_EQ(status, std::to_string(kStatusDiskFull));
-
-  RecordEngine engine;
-  std::string pos(128, ' '), data, key = path;
-  int32_t length = 0;
-  ASSERT_EQ(engine.BTRCALL(kOpOpen, pos, data, length, key, 255, 0), 0);
-  int count = 0;
-  for (uint16_t op = kOpGetFirst;; op = kOpGetNext) {
-    data.assign(100, ' ');
-    length = 100;
-    if (engine.BTRCALL(op, pos, data, length, key, 255, 0) != 0) break;
-    EXPECT_EQ(data, record(count));
-    ++count;
-  }
-  EXPECT_EQ(count, 10);
+  EXPECT_EQ(WithFullDisk(std::max<rlim_t>(size, 32768) + 32768,
+                         [&] { return std::to_string(insert(false, 10, 2000, true)); }),
+            std::to_string(kStatusDiskFull));
+  EXPECT_EQ(Records(path), before);
 }
 
 }  // namespace

@@ -19,8 +19,7 @@ class AccentedFolderRunTest : public ScenarioTest {
 };
 
 TEST_F(AccentedFolderRunTest, TemplatesPastelFilesAndTheLogAreFoundUnderTheirNames) {
-  ASSERT_NO_FATAL_FAILURE(MakeWorld(json::array({Client(
-      "A", 1, {{"Client_Name", "Acme Trading"}, {"udfs", {{"Account Number", "ACM001"}}}})})));
+  ASSERT_NO_FATAL_FAILURE(MakeWorld(json::array({Company("A", "Acme Trading", "ACM001")})));
   WriteTemplate();
   ASSERT_NO_FATAL_FAILURE(Maximizer({"select", "A"}));
   std::vector<std::string> script = ImportScript({"Yes", "No"});
@@ -30,7 +29,7 @@ TEST_F(AccentedFolderRunTest, TemplatesPastelFilesAndTheLogAreFoundUnderTheirNam
 
   const std::string pastel = Utf8ToCp1252(PastelFolder());  // as the system writes it
   EXPECT_EQ(PastelFileLines("MaxCus01.csv"),
-            std::vector<std::string>{Customer("ACM001", "Acme Trading").Line()});
+            (std::vector<std::string>{Customer{"ACM001", "Acme Trading"}.Line()}));
   const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
   ASSERT_GE(log.size(), 6u);
   EXPECT_EQ(log[4], "Pastel    Data: " + pastel);
@@ -38,7 +37,7 @@ TEST_F(AccentedFolderRunTest, TemplatesPastelFilesAndTheLogAreFoundUnderTheirNam
 
   const std::string saved = Home() + "s\xC3\xA4v\xC3\xA9.KTF";
   ASSERT_TRUE(fs::exists(saved)) << Transcript();
-  EXPECT_NE(ReadBytes(saved).find(pastel + "\r\n"), std::string::npos);
+  EXPECT_TRUE(Contains(ReadFile(saved), pastel + "\r\n"));
 }
 
 }  // namespace

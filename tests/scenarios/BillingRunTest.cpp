@@ -2,8 +2,6 @@
 // the Date Billed and Date Joined values maxsim stores, and a second run on the same day.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "ScenarioKit.h"
 #include "shell/Settings.h"
 #include "shell/Tolmen.h"
@@ -11,24 +9,11 @@
 namespace tolmen::test {
 namespace {
 
-bool Contains(const std::vector<std::string>& lines, const std::string& line) {
-  return std::find(lines.begin(), lines.end(), line) != lines.end();
-}
-bool ContainsPart(const std::vector<std::string>& lines, const std::string& part) {
-  return std::any_of(lines.begin(), lines.end(),
-                     [&](const std::string& line) { return line.find(part) != std::string::npos; });
-}
-
 const json kBillingUdfs = json::array({
     {{"name", "Date Billed"}, {"type", "Date"}},
     {{"name", "Date Joined"}, {"type", "Date"}},
     {{"name", "Doc Numbers"}, {"type", "Alphanumeric"}},
 });
-
-json Member(const std::string& id, const std::string& name, const std::string& account, json udfs) {
-  udfs["Account Number"] = account;
-  return Client(id, 1, {{"Client_Name", name}, {"udfs", udfs}});
-}
 
 class BillingRunTest : public ScenarioTest {
  protected:
@@ -41,16 +26,9 @@ class BillingRunTest : public ScenarioTest {
     settings.SaveSetting("Settings", "MultiYear", std::to_string(method));
   }
   std::string Billing(const std::string& period) {
-    return WriteTemplate({{"Category Option", "2"},
-                          {"Category UDF", "Customer Category"},
-                          {"Billing Period", period},
-                          {"Bill When", "0"},
-                          {"Date Billed", "Date Billed"},
-                          {"Date Joined", "Date Joined"},
-                          {"GL Code", "1000000"},
-                          {"VAT Code", "1"},
-                          {"COST Code", "CC"}},
-                         {"To Max: Pastel Doc Numbers (Billing)| => Doc Numbers| (Alpha)"});
+    return WriteTemplate(
+        BillingChanges({{"Billing Period", period}, {"Date Joined", "Date Joined"}}),
+        {"To Max: Pastel Doc Numbers (Billing)| => Doc Numbers| (Alpha)"});
   }
   // The invoice line of ACM001 at a price of 100, 15% tax on code 1. The header's last
   // column holds a NUL byte.
@@ -68,13 +46,13 @@ class BillingRunTest : public ScenarioTest {
 TEST_F(BillingRunTest, MonthlyBillsTheDueClientsOnceADay) {
   ASSERT_NO_FATAL_FAILURE(
       MakeWorld(json::array({
-                    Member("C1", "Acme Trading", "ACM001",
-                           {{"Customer Category", "Retail"}, {"Date Billed", "15 Oct 2026"}}),
-                    Member("C2", "Baker Bros", "BAK001",
-                           {{"Customer Category", "Retail"}, {"Date Billed", "5 Nov 2026"}}),
-                    Member("C3", "Carrow Farm", "CAR001", {{"Customer Category", "Farming"}}),
-                    Member("C4", "Dune Services", "DUN001", {{"Customer Category", "Services"}}),
-                    Member("C5", "Eden Nobody", "EDE001", json::object()),
+                    Company("C1", "Acme Trading", "ACM001",
+                            {{"Customer Category", "Retail"}, {"Date Billed", "15 Oct 2026"}}),
+                    Company("C2", "Baker Bros", "BAK001",
+                            {{"Customer Category", "Retail"}, {"Date Billed", "5 Nov 2026"}}),
+                    Company("C3", "Carrow Farm", "CAR001", {{"Customer Category", "Farming"}}),
+                    Company("C4", "Dune Services", "DUN001", {{"Customer Category", "Services"}}),
+                    Company("C5", "Eden Nobody", "EDE001"),
                 }),
                 kBillingUdfs));
   Prices(2);
@@ -88,32 +66,29 @@ TEST_F(BillingRunTest, MonthlyBillsTheDueClientsOnceADay) {
   EXPECT_EQ(StoredUdf("C4", "Date Billed"), json());
   EXPECT_EQ(StoredUdf("C1", "Doc Numbers"), "=100|115 ");
   const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
-  for (const std::string& line : {
-           std::string("Recurring Billing ON."),
-           std::string("Creating Invoice for a/c ACM001: Acme Trading - Monthly billing, Date "
-                       "Billed 15 Oct 2026"),
-           std::string("Not Creating Invoice for a/c CAR001: Carrow Farm (Customer Category: "
-                       "Farming)"),
-           std::string("** ERROR: Not Invoiced: No Category or Bad ID! If Category exists, copy "
-                       "Address Book entry (Create Duplicate) then delete old entry."),
-           std::string("1 New Invoices were Created and written to file "),
-       })
-    EXPECT_TRUE(ContainsPart(log, line)) << line;
-  EXPECT_TRUE(ContainsPart(log, "Not Invoiced: No Price for Customer Category: Services"));
-  EXPECT_FALSE(ContainsPart(log, "Invoice for a/c BAK001"));
+  for (const char* line :
+       {"Recurring Billing ON.",
+        "Creating Invoice for a/c ACM001: Acme Trading - Monthly billing, Date Billed 15 Oct 2026",
+        "Not Creating Invoice for a/c CAR001: Carrow Farm (Customer Category: Farming)",
+        "** ERROR: Not Invoiced: No Category or Bad ID! If Category exists, copy Address Book "
+        "entry (Create Duplicate) then delete old entry.",
+        "Not Invoiced: No Price for Customer Category: Services",
+        "1 New Invoices were Created and written to file "})
+    EXPECT_TRUE(HasPart(log, line)) << line;
+  EXPECT_FALSE(HasPart(log, "Invoice for a/c BAK001"));
 
   // The same day again: nobody is due.
   Run(ImportScript({"Yes", "No"}, {"@click mnuOptnPas2Max"}));
   EXPECT_EQ(PastelFileLines("MaxInv02.csv"), std::vector<std::string>{});
-  EXPECT_TRUE(ContainsPart(PastelFileLines("Tolmen.LOG"), "0 New Invoices were Created"));
+  EXPECT_TRUE(HasPart(PastelFileLines("Tolmen.LOG"), "0 New Invoices were Created"));
 }
 
 TEST_F(BillingRunTest, MethodOneMovesDateBilledOnByTheCategorysYears) {
   ASSERT_NO_FATAL_FAILURE(
       MakeWorld(json::array({
-                    Member("C1", "Acme Trading", "ACM001",
-                           {{"Customer Category", "Retail"}, {"Date Joined", "15 Dec 2019"}}),
-                    Member("C2", "Baker Bros", "BAK001", {{"Customer Category", "Retail"}}),
+                    Company("C1", "Acme Trading", "ACM001",
+                            {{"Customer Category", "Retail"}, {"Date Joined", "15 Dec 2019"}}),
+                    Company("C2", "Baker Bros", "BAK001", {{"Customer Category", "Retail"}}),
                 }),
                 kBillingUdfs));
   Prices(1);
@@ -126,13 +101,13 @@ TEST_F(BillingRunTest, MethodOneMovesDateBilledOnByTheCategorysYears) {
   EXPECT_EQ(StoredUdf("C2", "Date Joined"), "31 Oct 2026");
   EXPECT_EQ(StoredUdf("C2", "Date Billed"), json());
   const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
-  EXPECT_TRUE(ContainsPart(log,
-                           "3-year Invoice Batched  (=100|115) Customer Category: Retail "
-                           "(Renewal)"))
+  EXPECT_TRUE(HasPart(log,
+                      "3-year Invoice Batched  (=100|115) Customer Category: Retail "
+                      "(Renewal)"))
       << Transcript();
-  EXPECT_TRUE(Contains(log,
-                       "Multi-Year Method: Set Date Billed into Future (allows change of "
-                       "Category)"));
+  EXPECT_TRUE(HasLine(log,
+                      "Multi-Year Method: Set Date Billed into Future (allows change of "
+                      "Category)"));
 }
 
 }  // namespace

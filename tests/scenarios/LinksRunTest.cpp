@@ -2,7 +2,7 @@
 // maxsim stores them, and a template whose links name a UDF the address book lacks.
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <tuple>
 
 #include "ScenarioKit.h"
 #include "shell/Tolmen.h"
@@ -10,28 +10,17 @@
 namespace tolmen::test {
 namespace {
 
-bool Contains(const std::vector<std::string>& lines, const std::string& line) {
-  return std::find(lines.begin(), lines.end(), line) != lines.end();
+// The UDFs the links name: some texts and a date, the rest numbers.
+json LinkUdfs() {
+  json udfs = json::array();
+  for (const char* name : {"Balance", "Current", "Days 30", "Days 60", "Days 120", "Credit Limit",
+                           "Sales", "Score", "LY3"})
+    udfs.push_back({{"name", name}, {"type", "Numeric"}});
+  for (const char* name : {"Doc Numbers", "Blocked", "Tag"})
+    udfs.push_back({{"name", name}, {"type", "Alphanumeric"}});
+  udfs.push_back({{"name", "Last Paid"}, {"type", "Date"}});
+  return udfs;
 }
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
-
-const json kLinkUdfs = json::array({
-    {{"name", "Doc Numbers"}, {"type", "Alphanumeric"}},
-    {{"name", "Balance"}, {"type", "Numeric"}},
-    {{"name", "Current"}, {"type", "Numeric"}},
-    {{"name", "Days 30"}, {"type", "Numeric"}},
-    {{"name", "Days 60"}, {"type", "Numeric"}},
-    {{"name", "Days 120"}, {"type", "Numeric"}},
-    {{"name", "Credit Limit"}, {"type", "Numeric"}},
-    {{"name", "Last Paid"}, {"type", "Date"}},
-    {{"name", "Blocked"}, {"type", "Alphanumeric"}},
-    {{"name", "Sales"}, {"type", "Numeric"}},
-    {{"name", "Tag"}, {"type", "Alphanumeric"}},
-    {{"name", "Score"}, {"type", "Numeric"}},
-    {{"name", "LY3"}, {"type", "Numeric"}},
-});
 
 // The template's links, one of each kind of row, two in the forms of older templates: the
 // credit limit by its old key, and a one-digit period with one blank.
@@ -71,32 +60,19 @@ class LinksRunTest : public ScenarioTest {
                        {"43", 99},      {"66", "2026-10-15"},
                        {"68", false},   {"75", 7500},
                        {"105", "GOLD"}, {"106", "ABC"}});
-  }
-
-  json Book() const {
-    return json::array({
-        Client("C1", 1,
-               {{"Client_Name", "Acme Trading"}, {"udfs", {{"Account Number", "ACM001"}}}}),
-        Client("C2", 1, {{"Client_Name", "Baker New"}, {"udfs", {{"Account Number", "NEW01"}}}}),
-        Client("C3", 1,
-               {{"Client_Name", "Carrow Links"},
-                {"udfs", {{"Account Number", "BAL01"}, {"Score", "5"}}}}),
-    });
+    ASSERT_NO_FATAL_FAILURE(MakeWorld(
+        json::array({Company("C1", "Acme Trading", "ACM001"), Company("C2", "Baker New", "NEW01"),
+                     Company("C3", "Carrow Links", "BAL01", {{"Score", "5"}})}),
+        LinkUdfs()));
   }
 };
 
 TEST_F(LinksRunTest, FiguresReachTheLinkedUdfs) {
-  ASSERT_NO_FATAL_FAILURE(MakeWorld(Book(), kLinkUdfs));
   WriteTemplate({}, kLinks);
   Run(ImportScript({"Yes", "No"}, {"@click mnuOptnPas2Max"}));
 
-  struct Expected {
-    const char* id;
-    const char* udf;
-    json value;
-  };
   const json none;  // the UDF was never written
-  const std::vector<Expected> expected = {
+  const std::vector<std::tuple<const char*, const char*, json>> expected = {
       // A six-character code: the debtor image as the run filled it, whatever Pastel holds.
       {"C1", "Balance", "0"},
       {"C1", "Current", "0"},
@@ -124,25 +100,22 @@ TEST_F(LinksRunTest, FiguresReachTheLinkedUdfs) {
       {"C3", "Score", "5"},  // "ABC" is no number: Maximizer keeps what it had
       {"C3", "Doc Numbers", none},
   };
-  for (const Expected& e : expected)
-    EXPECT_EQ(StoredUdf(e.id, e.udf), e.value) << e.id << " " << e.udf;
+  for (const auto& [id, udf, value] : expected) EXPECT_EQ(StoredUdf(id, udf), value) << id << udf;
 
   // Maximizer's list reads its last client twice.
   const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
-  for (const std::string& line :
-       {std::string("Updating Maximizer User-Defined Fields from Pastel: "),
-        std::string("  2: Account Balance\t => Balance\t (Number)"),
-        std::string("  7: Customer Credit Limit\t => Credit Limit"),
-        std::string("  13: Last year Balance, Period  3\t => LY3\t (Number)"),
-        std::string(
-            "Updated 13 Maximizer User-Defined Fields for 3 Maximizer Clients from Pastel.")})
-    EXPECT_TRUE(Contains(log, line)) << line;
+  for (const char* line :
+       {"Updating Maximizer User-Defined Fields from Pastel: ",
+        "  2: Account Balance\t => Balance\t (Number)",
+        "  7: Customer Credit Limit\t => Credit Limit",
+        "  13: Last year Balance, Period  3\t => LY3\t (Number)",
+        "Updated 13 Maximizer User-Defined Fields for 3 Maximizer Clients from Pastel."})
+    EXPECT_TRUE(HasLine(log, line)) << line;
   EXPECT_TRUE(Contains(Transcript(), "4 Pastel Debtors (1 new) were written to file "))
       << Transcript();
 }
 
 TEST_F(LinksRunTest, AUdfTheBookLacksStopsTheRunOnTheLinksPage) {
-  ASSERT_NO_FATAL_FAILURE(MakeWorld(Book(), kLinkUdfs));
   WriteTemplate({}, {"To Max: Account Balance| => Balance| (Number)",
                      "To Max: Customer Credit Limit| => Gone| (Number)"});
   Run(ImportScript({"OK"}, {"@click mnuOptnPas2Max"}));

@@ -17,11 +17,8 @@ namespace fs = std::filesystem;
 class ListRunTest : public ScenarioTest {
  protected:
   static json Book() {
-    return json::array({
-        Client("A", 1, {{"Client_Name", "Acme Trading"}, {"udfs", {{"Account Number", "ACM001"}}}}),
-        Client("B", 1, {{"Client_Name", "Bravo Ltd"}, {"udfs", {{"Account Number", "BRV001"}}}}),
-        Client("C", 1, {{"Client_Name", "Cobalt CC"}, {"udfs", {{"Account Number", "COB001"}}}}),
-    });
+    return json::array({Company("A", "Acme Trading", "ACM001"), Company("B", "Bravo Ltd", "BRV001"),
+                        Company("C", "Cobalt CC", "COB001")});
   }
   static bool Called(const std::vector<std::string>& journal, const std::string& call) {
     return std::any_of(journal.begin(), journal.end(),
@@ -38,11 +35,9 @@ TEST_F(ListRunTest, CurrentClientOnlyTakesTheSelectedClientOnce) {
   const int status = Run(ImportScript({"Yes", "No"}), "/C");
 
   EXPECT_EQ(PastelFileLines("MaxCus01.csv"),
-            std::vector<std::string>{Customer("BRV001", "Bravo Ltd").Line()});
-  const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
-  ASSERT_GE(log.size(), 10u);
+            (std::vector<std::string>{Customer{"BRV001", "Bravo Ltd"}.Line()}));
   // Maximizer is neither listed nor scrolled, so nothing is waited for; no repeat is seen.
-  EXPECT_EQ(std::vector<std::string>(log.begin() + 10, log.end()),
+  EXPECT_EQ(LinesFrom(PastelFileLines("Tolmen.LOG"), 10),
             (std::vector<std::string>{
                 "Created  Pastel Customer - a/c BRV001: Bravo Ltd",
                 "",
@@ -72,39 +67,29 @@ TEST_F(ListRunTest, AnEmptyListWritesEmptyImportFiles) {
   const int status = Run(ImportScript({"Yes"}));
 
   EXPECT_TRUE(fs::exists(PastelFolder() + "MaxCus01.csv"));
-  EXPECT_EQ(ReadBytes(PastelFolder() + "MaxCus01.csv"), "");
+  EXPECT_EQ(ReadFile(PastelFolder() + "MaxCus01.csv"), "");
   // A run without invoices leaves no invoice file of its number.
   EXPECT_FALSE(fs::exists(PastelFolder() + "MaxInv01.csv"));
-  const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
-  ASSERT_GE(log.size(), 10u);
-  EXPECT_EQ(std::vector<std::string>(log.begin() + 10, log.end()),
+  EXPECT_EQ(LinesFrom(PastelFileLines("Tolmen.LOG"), 10),
             (std::vector<std::string>{
                 "0 tries to get Maximizer Record Count (0).",
                 "2 tries to get to top Maximizer Record <>",
                 "Tolmen Import Completed at 23 Nov 2026 09:00",
             }));
   // Nothing was written and nothing went wrong: no result dialog.
-  EXPECT_EQ(Transcript().find("Import Complete"), std::string::npos) << Transcript();
+  EXPECT_FALSE(Contains(Transcript(), "Import Complete")) << Transcript();
   EXPECT_EQ(status, 0);
 
   // With billing on for the day (and set up as the check before the run asks) the invoice file
   // of the run's number comes into being as well, and stays empty.
-  WriteTemplate({{"List Clients", "0"},
-                 {"Category Option", "2"},
-                 {"Category UDF", "Customer Category"},
-                 {"Billing Period", "2"},
-                 {"Bill When", "0"},
-                 {"Date Billed", "Date Billed"},
-                 {"GL Code", "1000000"}});
+  WriteTemplate(BillingChanges({{"List Clients", "0"}}));
   Run(ImportScript({"Yes", "No"}));
   for (const char* name : {"MaxCus02.csv", "MaxInv02.csv"}) {
     EXPECT_TRUE(fs::exists(PastelFolder() + name)) << name;
-    EXPECT_EQ(ReadBytes(PastelFolder() + name), "") << name;
+    EXPECT_EQ(ReadFile(PastelFolder() + name), "") << name;
   }
-  const std::vector<std::string> second = PastelFileLines("Tolmen.LOG");
-  ASSERT_GE(second.size(), 6u);
   EXPECT_EQ(
-      std::vector<std::string>(second.end() - 6, second.end()),
+      LastLines(PastelFileLines("Tolmen.LOG"), 6),
       (std::vector<std::string>{
           "Recurring Billing ON.",
           "Multi-Year Method: Error (should already have Asked User).",
@@ -114,9 +99,8 @@ TEST_F(ListRunTest, AnEmptyListWritesEmptyImportFiles) {
           "0 New Invoices were Created and written to file " + PastelFolder() + "MaxInv02.csv",
       }));
   // Invoicing was planned, so the result is shown although nothing was written.
-  EXPECT_NE(
-      Transcript().find("0 New Invoices were written to file " + PastelFolder() + "MaxInv02.csv"),
-      std::string::npos)
+  EXPECT_TRUE(Contains(Transcript(),
+                       "0 New Invoices were written to file " + PastelFolder() + "MaxInv02.csv"))
       << Transcript();
 }
 
@@ -124,7 +108,7 @@ TEST_F(ListRunTest, EachRunTakesTheNextFileNumberUpTo100) {
   ASSERT_NO_FATAL_FAILURE(MakeWorld(json::array({Book()[0]})));
   WriteTemplate();
   // A list of one client: its line is read twice.
-  const std::vector<std::string> lines(2, Customer("ACM001", "Acme Trading").Line());
+  const std::vector<std::string> lines(2, Customer{"ACM001", "Acme Trading"}.Line());
   std::ofstream(PastelFolder() + "MaxCus07.csv") << "older\r\n";
 
   struct Case {
@@ -140,13 +124,12 @@ TEST_F(ListRunTest, EachRunTakesTheNextFileNumberUpTo100) {
     if (c.planted != nullptr) std::ofstream(PastelFolder() + c.planted) << "older\r\n";
     Run(ImportScript({"Yes", "No"}));
     EXPECT_EQ(PastelFileLines(c.written), lines) << c.written;
-    EXPECT_NE(
-        Transcript().find("Debtors will be written to file " + PastelFolder() + c.written + "\n"),
-        std::string::npos)
+    EXPECT_TRUE(Contains(Transcript(),
+                         "Debtors will be written to file " + PastelFolder() + c.written + "\n"))
         << Transcript();
   }
-  EXPECT_EQ(ReadBytes(PastelFolder() + "MaxCus07.csv"), "older\r\n");
-  EXPECT_EQ(ReadBytes(PastelFolder() + "MaxCus99.csv"), "older\r\n");
+  EXPECT_EQ(ReadFile(PastelFolder() + "MaxCus07.csv"), "older\r\n");
+  EXPECT_EQ(ReadFile(PastelFolder() + "MaxCus99.csv"), "older\r\n");
   EXPECT_FALSE(fs::exists(PastelFolder() + "MaxCus09.csv"));
   EXPECT_FALSE(fs::exists(PastelFolder() + "MaxCus101.csv"));
 }

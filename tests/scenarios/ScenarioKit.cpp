@@ -22,6 +22,7 @@
 #include "shell/AppInfo.h"
 #include "shell/Application.h"
 #include "shell/Tolmen.h"
+#include "unattended/RunMain.h"
 
 namespace tolmen::test {
 namespace {
@@ -79,39 +80,35 @@ json Client(const std::string& id, int type, json fields) {
   return fields;
 }
 
+json Company(const std::string& id, const std::string& name, const std::string& account,
+             json udfs) {
+  if (!account.empty()) udfs["Account Number"] = account;
+  return Client(id, 1, {{"Client_Name", name}, {"udfs", udfs}});
+}
+
 std::string Customer::Line() const {
   const auto q = [](const std::string& text) { return "\"" + text + "\""; };
-  std::string line = q(code_) + "," + q(name_);
+  std::string line = q(code) + "," + q(name);
   line += ",\"\",\"\",\"\",\"\",\"\"";  // postal address
-  line += "," + q(telephone_) + "," + q(fax_) + "," + q(contact_);
+  line += "," + q(telephone) + ",\"\"," + q(contact);
   line += ",\"1\",\"0\",\"1\",\"\"";
   line += ",\"\",\"\",\"\",\"\",\"\"";  // delivery address
-  line += ",\"N\",\"0\",\"N\",\"1\",\"\"," + q(std::to_string(category_)) + ",\"00\",\"0\",\"\"";
+  line += ",\"N\",\"0\",\"N\",\"1\",\"\"," + q(std::to_string(category)) + ",\"00\",\"0\",\"\"";
   line += ",\"\",\"\",\"\",\"\",\"\"";  // user defined fields 1 to 5
   line += ",\"";
   line += std::string(2, '\0');  // the two bytes of field 61
-  line += "\",\"\"," + q(cell_) + "," + q(email_);
+  line += "\",\"\"," + q(cell) + "," + q(email);
   for (int column = 38; column <= 44; ++column) line += ",\"\"";
   return line;
 }
 
 std::vector<std::string> CrLfLines(const std::string& text) {
   std::vector<std::string> lines;
-  size_t start = 0;
-  while (start < text.size()) {
-    const size_t end = text.find("\r\n", start);
-    if (end == std::string::npos) {
-      lines.push_back(text.substr(start));
-      break;
-    }
+  for (size_t start = 0, end; start < text.size(); start = end + 2) {
+    end = std::min(text.find("\r\n", start), text.size());
     lines.push_back(text.substr(start, end - start));
-    start = end + 2;
   }
   return lines;
-}
-
-std::string ReadBytes(const std::string& path) {
-  return test::ReadFile(path);
 }
 
 ScenarioTest::ScenarioTest(std::string home, std::string pastel)
@@ -146,9 +143,7 @@ void ScenarioTest::MakeWorld(const json& clients, const json& moreUdfs) {
   }
   const std::string description = dir_.File("book.json");
   std::ofstream(description) << json{
-      {"name", "Scenario Book"},
-      {"udfs", udfs},
-      {"clients", clients}}.dump();
+      {"name", "Scenario Book"}, {"udfs", udfs}, {"clients", clients}};
   maxsim_ = std::make_unique<MaxsimProcess>(description);
   ASSERT_TRUE(maxsim_->Start());
   ::setenv("MAXIMIZER_SOCKET", maxsim_->Socket().c_str(), 1);
@@ -156,36 +151,40 @@ void ScenarioTest::MakeWorld(const json& clients, const json& moreUdfs) {
 
 std::string ScenarioTest::WriteTemplate(const std::map<std::string, std::string>& changes,
                                         const std::vector<std::string>& toMaximizer) {
-  std::map<std::string, std::string> left = changes;
+  const auto known = [](const std::string& key) {
+    return std::any_of(kTemplate.begin(), kTemplate.end(),
+                       [&](const auto& entry) { return entry.first == key; });
+  };
   std::string text;
   for (const auto& [key, line] : kTemplate) {
+    const bool toMax = line == "*Tab: To Maximizer";
     // Keys the template does not have go at the end of the "To Pastel" section.
-    for (auto added = left.begin(); line == "*Tab: To Maximizer" && added != left.end();) {
-      const bool known = std::any_of(kTemplate.begin(), kTemplate.end(), [&](const auto& entry) {
-        return entry.first == added->first;
-      });
-      if (known) {
-        ++added;
-        continue;
-      }
-      text += added->first + ": " + added->second + "\r\n";
-      added = left.erase(added);
-    }
-    const auto change = left.find(key);
-    if (!key.empty() && change != left.end()) {
-      text += key + ": " + change->second + "\r\n";
-      left.erase(change);
-    } else {
-      text += line + "\r\n";
-    }
-    if (line == "*Tab: To Maximizer")
-      for (const std::string& link : toMaximizer) text += link + "\r\n";
+    for (const auto& [added, value] : changes)
+      if (toMax && !known(added)) text += added + ": " + value + "\r\n";
+    const auto change = key.empty() ? changes.end() : changes.find(key);
+    text += (change != changes.end() ? key + ": " + change->second : line) + "\r\n";
+    for (const std::string& link : toMax ? toMaximizer : std::vector<std::string>{})
+      text += link + "\r\n";
   }
   text = Replace(text, "@PASTEL@", Utf8ToCp1252(PastelFolder()));
   text = Replace(text, "@MAXIMIZER@", maxsim_ ? maxsim_->Database() : "");
   const std::string path = Home() + "run.KTF";
   std::ofstream(path, std::ios::binary) << text;
   return path;
+}
+
+std::map<std::string, std::string> ScenarioTest::BillingChanges(
+    const std::map<std::string, std::string>& more) {
+  std::map<std::string, std::string> changes = more;
+  changes.insert({{"Category Option", "2"},
+                  {"Category UDF", "Customer Category"},
+                  {"Billing Period", "2"},
+                  {"Bill When", "0"},
+                  {"Date Billed", "Date Billed"},
+                  {"GL Code", "1000000"},
+                  {"VAT Code", "1"},
+                  {"COST Code", "CC"}});
+  return changes;
 }
 
 std::vector<std::string> ScenarioTest::ImportScript(const std::vector<std::string>& answers,
@@ -220,10 +219,32 @@ int ScenarioTest::Run(const std::vector<std::string>& script, const std::string&
   return status;
 }
 
+int ScenarioTest::RunCall(const std::vector<std::string>& templates,
+                          UnattendedUi::Settings settings, bool asJson) {
+  out_.str("");
+  err_.str("");
+  VirtualClock clock(DateFromParts(2026, 11, 23, 9, 0, 0));
+  UnattendedUi ui(err_, clock, "Tolmen", settings);
+  HookedUi hooked(ui);
+  Tolmen app(MakeAppInfo(Utf8ToCp1252(Home()), "1.0.0"), hooked, clock, dir_.File("settings.ini"));
+  hooked.beforeYield = [&] {
+    if (atYield) atYield(app);
+  };
+  ui.Attach(&app);
+  LoadForRun(app);
+  RunRequest request;
+  for (const std::string& path : templates) request.templates.push_back(Utf8ToCp1252(path));
+  request.json = asJson;
+  const int status = RunTemplates(app, ui, request, out_, err_);
+  UnloadAfterRun(app);
+  ui.Attach(nullptr);
+  return status;
+}
+
 std::vector<std::string> ScenarioTest::PastelFileLines(const std::string& name) const {
   const std::string path = PastelFolder() + name;
   EXPECT_TRUE(fs::exists(path)) << path;
-  return CrLfLines(ReadBytes(path));
+  return CrLfLines(ReadFile(path));
 }
 
 std::vector<std::string> ScenarioTest::CategoryFile() {
@@ -244,19 +265,6 @@ std::vector<std::string> ScenarioTest::CategoryFile() {
   }
   ClosePasFiles(reader);
   return categories;
-}
-
-json ScenarioTest::StoredUdf(const std::string& id, const std::string& udf) const {
-  return maxsim_->StoredUdf(id, udf);
-}
-
-std::vector<std::string> ScenarioTest::TakeJournal() const {
-  return maxsim_->TakeJournal();
-}
-
-void ScenarioTest::Maximizer(const std::vector<std::string>& command) const {
-  const RunResult result = maxsim_->Ctl(command);
-  ASSERT_EQ(result.status, 0) << result.out;
 }
 
 }  // namespace tolmen::test

@@ -2,7 +2,6 @@
 // import file's lines; End keeps everything done so far and finishes the run as usual.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -17,27 +16,17 @@ class StopRunTest : public ScenarioTest {
   // Two companies with codes in Maximizer. The templates of the last run lie in the program's
   // folder and the Pastel folder.
   void SetUp() override {
-    ASSERT_NO_FATAL_FAILURE(MakeWorld(json::array({
-        Client("A", 1, {{"Client_Name", "Acme Trading"}, {"udfs", {{"Account Number", "ACM001"}}}}),
-        Client("B", 1, {{"Client_Name", "Bravo Ltd"}, {"udfs", {{"Account Number", "BRV001"}}}}),
-    })));
+    ASSERT_NO_FATAL_FAILURE(MakeWorld(json::array(
+        {Company("A", "Acme Trading", "ACM001"), Company("B", "Bravo Ltd", "BRV001")})));
     const std::string path = WriteTemplate();
-    oldTemplate_ = ReadBytes(path);
+    oldTemplate_ = ReadFile(path);
     std::filesystem::copy_file(path, Home() + "CURRENT.KTF");
     std::filesystem::copy_file(path, PastelFolder() + "Kelbor.KTF");
   }
 
-  // On the "To Pastel" page the user asks for a new category for every debtor of the run: it
-  // is offered as <4>, after the set's three. Back on the Transfer page, with `more` to do.
-  std::vector<std::string> NewCategory(const std::vector<std::string>& more = {}) const {
-    std::vector<std::string> actions = {"@tab 1", "@click optCategory 1", "@tab 5"};
-    actions.insert(actions.end(), more.begin(), more.end());
-    return actions;
-  }
-
   const std::vector<std::string> kDemoCategories = {"<1> Retail", "<2> Wholesale",
                                                     "<3> Retail Sales"};
-  const std::string kAcme = Customer("ACM001", "Acme Trading").Category(4).Line();
+  const std::string kAcme = Customer{"ACM001", "Acme Trading", "", "", "", "", 4}.Line();
   std::string oldTemplate_;
 };
 
@@ -52,37 +41,36 @@ TEST_F(StopRunTest, CancelDuringTheFirstClientKeepsItsLineAndRollsPastelBack) {
 
   EXPECT_EQ(PastelFileLines("MaxCus01.csv"), std::vector<std::string>{kAcme});
   EXPECT_EQ(CategoryFile(), kDemoCategories);  // category <4> went with the transaction
-  EXPECT_EQ(ReadBytes(Home() + "CURRENT.KTF"), oldTemplate_);
-  EXPECT_EQ(ReadBytes(PastelFolder() + "Kelbor.KTF"), oldTemplate_);
+  EXPECT_EQ(ReadFile(Home() + "CURRENT.KTF"), oldTemplate_);
+  EXPECT_EQ(ReadFile(PastelFolder() + "Kelbor.KTF"), oldTemplate_);
 
   const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
   ASSERT_GE(log.size(), 6u);
   EXPECT_EQ(log[5], "Create New Customer Category: <4> New Category Description");
-  EXPECT_EQ(std::vector<std::string>(log.end() - 6, log.end()),
-            (std::vector<std::string>{
-                "Created new Customer Category <4> New Category Description",
-                "1 tries to get Maximizer Record Count (2).",
-                "2 tries to get to top Maximizer Record <A>",
-                // the debtor line went to the import file, which is kept
-                "Created  Pastel Customer - a/c ACM001: Acme Trading",
-                "",
-                "Transfer cancelled at 23 Nov 2026 09:00",
-            }))
+  EXPECT_EQ(LastLines(log, 6), (std::vector<std::string>{
+                                   "Created new Customer Category <4> New Category Description",
+                                   "1 tries to get Maximizer Record Count (2).",
+                                   "2 tries to get to top Maximizer Record <A>",
+                                   // the debtor line went to the import file, which is kept
+                                   "Created  Pastel Customer - a/c ACM001: Acme Trading",
+                                   "",
+                                   "Transfer cancelled at 23 Nov 2026 09:00",
+                               }))
       << ::testing::PrintToString(log);
   const std::string transcript = Transcript();
-  EXPECT_NE(transcript.find("== MsgBox | Tolmen Transfer Paused | Yes/No/Cancel | Question\n"
-                            "You clicked  [Pause...].Updating Pastel Debtors and/or Maximizer "
-                            "UDFs?\n"
-                            "Click 'Yes' to carry on\n"
-                            "Click 'No' to end the transfer after this customer\n"
-                            "-> Cancel\n"
-                            "== MsgBox | Tolmen Transfer Cancelled | OK | Exclamation\n"
-                            "The transfer has been cancelled in Updating Pastel Debtors and/or "
-                            "Maximizer UDFs.\n"
-                            "-> OK\n"),
-            std::string::npos)
+  EXPECT_TRUE(Contains(transcript,
+                       "== MsgBox | Tolmen Transfer Paused | Yes/No/Cancel | Question\n"
+                       "You clicked  [Pause...].Updating Pastel Debtors and/or Maximizer "
+                       "UDFs?\n"
+                       "Click 'Yes' to carry on\n"
+                       "Click 'No' to end the transfer after this customer\n"
+                       "-> Cancel\n"
+                       "== MsgBox | Tolmen Transfer Cancelled | OK | Exclamation\n"
+                       "The transfer has been cancelled in Updating Pastel Debtors and/or "
+                       "Maximizer UDFs.\n"
+                       "-> OK\n"))
       << transcript;
-  EXPECT_EQ(transcript.find("Import Complete"), std::string::npos);
+  EXPECT_FALSE(Contains(transcript, "Import Complete"));
   EXPECT_EQ(status, 3);
 }
 
@@ -97,29 +85,25 @@ TEST_F(StopRunTest, EndAtTheFirstClientCommitsAndReports) {
   EXPECT_EQ(CategoryFile(), categories);
 
   const std::vector<std::string> log = PastelFileLines("Tolmen.LOG");
-  ASSERT_GE(log.size(), 4u);
-  EXPECT_EQ(std::vector<std::string>(log.end() - 4, log.end()),
-            (std::vector<std::string>{
-                "Created  Pastel Customer - a/c ACM001: Acme Trading",
-                "",
-                "The transfer was stopped at 23 Nov 2026 09:00",
-                "1 Pastel Debtors (0 new) were written to file " + file,
-            }))
+  EXPECT_EQ(LastLines(log, 4), (std::vector<std::string>{
+                                   "Created  Pastel Customer - a/c ACM001: Acme Trading",
+                                   "",
+                                   "The transfer was stopped at 23 Nov 2026 09:00",
+                                   "1 Pastel Debtors (0 new) were written to file " + file,
+                               }))
       << ::testing::PrintToString(log);
-  EXPECT_NE(Transcript().find("== MsgBox | Tolmen Import Complete: Open Log File? | Yes/No | "
-                              "Information\n"
-                              "1 Pastel Debtors (0 new) were written to file " +
-                              file + "\nDo you want to Open the Log File?\n-> No\n"),
-            std::string::npos)
+  EXPECT_TRUE(Contains(Transcript(),
+                       "== MsgBox | Tolmen Import Complete: Open Log File? | Yes/No | "
+                       "Information\n"
+                       "1 Pastel Debtors (0 new) were written to file " +
+                           file + "\nDo you want to Open the Log File?\n-> No\n"))
       << Transcript();
 
   // Both templates are the run's options now: the new category is an existing one.
   for (const std::string& saved : {Home() + "CURRENT.KTF", PastelFolder() + "Kelbor.KTF"}) {
-    const std::vector<std::string> lines = CrLfLines(ReadBytes(saved));
-    EXPECT_NE(std::find(lines.begin(), lines.end(), "Category Option: 0"), lines.end()) << saved;
-    EXPECT_NE(std::find(lines.begin(), lines.end(),
-                        "Existing Customer Category: <4> New Category Description"),
-              lines.end())
+    const std::vector<std::string> lines = CrLfLines(ReadFile(saved));
+    EXPECT_TRUE(HasLine(lines, "Category Option: 0")) << saved;
+    EXPECT_TRUE(HasLine(lines, "Existing Customer Category: <4> New Category Description"))
         << saved;
   }
   EXPECT_EQ(status, 0);

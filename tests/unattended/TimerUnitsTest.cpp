@@ -38,14 +38,13 @@ TEST(TimerUnitsTest, UsageErrorsExitFour) {
       {"tolmen", "run", "--remove-timer", "a.KTF"},
       {"tolmen", "run", "--bogus", "a.KTF"},
   };
+  std::ostringstream out, err;
   for (const auto& args : bad) {
-    std::ostringstream out, err;
-    RunCommandLine line;
-    EXPECT_EQ(ParseRunCommandLine(static_cast<int>(args.size()), args.data(), line, out, err),
+    RunCommandLine fresh;
+    EXPECT_EQ(ParseRunCommandLine(static_cast<int>(args.size()), args.data(), fresh, out, err),
               kRunCallUsage)
         << args.size();
   }
-  std::ostringstream out, err;
   RunCommandLine line;
   const char* args[] = {"tolmen", "run", "--print-timer", "--at", "06:30", "--json", "a.KTF"};
   EXPECT_EQ(ParseRunCommandLine(7, args, line, out, err), -1) << err.str();
@@ -76,13 +75,8 @@ TEST(TimerUnitsTest, InstalledUnitsRunTheTemplatesAndVerify) {
 
   if (std::system("command -v systemd-analyze >/dev/null 2>&1") == 0) {
     const std::string command = "systemd-analyze verify --man=no '" + folder + kServiceName +
-                                "' '" + folder + kTimerName + "' 2>&1";
-    FILE* pipe = popen(command.c_str(), "r");
-    ASSERT_NE(pipe, nullptr);
-    std::string output;
-    char buffer[256];
-    while (fgets(buffer, sizeof buffer, pipe) != nullptr) output += buffer;
-    EXPECT_EQ(pclose(pipe), 0) << output;
+                                "' '" + folder + kTimerName + "' >'" + dir.File("out") + "' 2>&1";
+    EXPECT_EQ(std::system(command.c_str()), 0) << ReadFile(dir.File("out"));
   }
 
   ASSERT_TRUE(RemoveTimerUnits(folder, error)) << error;
