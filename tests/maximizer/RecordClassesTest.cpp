@@ -117,6 +117,7 @@ TEST_F(RecordClassesTest, DatabaseListFieldsAreWrittenAndReadInPlace) {
   EXPECT_EQ(record.substr(18, 14), "MASTER        ");
   EXPECT_EQ(record.substr(63, 15), std::string(15, 'x'));
   EXPECT_EQ(record.substr(78), "/srv/maximizer/demo" + std::string(181, ' '));
+  EXPECT_EQ(list.ClassName, "maxDBList");  // named in the record manager's error reports
 }
 
 TEST_F(RecordClassesTest, ListClassKeysAndUnknownCalls) {
