@@ -16,96 +16,48 @@
 namespace tolmen {
 namespace {
 
-struct ReadCase {
-  const char* name;
-  std::vector<std::string> lines;
-  AutoRunRead result;
-  bool backgroundOn;
-  std::vector<std::string> templates;
-  std::string method;
-  int16_t interval;
-  std::string runTime;
-  bool notify;  // ShowFinalMessage, true before the read
-};
-
-const ReadCase kReadCases[] = {
-    {"interval",
-     {"Tolmen AUTORUN FILE", "TRUE", "2", "/t/a.ktf", "/t/b.ktf", "INTERVAL", "3", "False"},
-     AutoRunRead::kRead,
-     true,
-     {"/t/a.ktf", "/t/b.ktf"},
-     "INTERVAL",
-     3,
-     "",
-     false},
-    {"old header, any case",
-     {"Vellumator for Maximizer AUTORUN file", "true", "1", "/t/a.ktf", "time", "14:00", "True"},
-     AutoRunRead::kRead,
-     true,
-     {"/t/a.ktf"},
-     "TIME",
-     0,
-     "14:00",
-     true},
-    {"no templates but on",
-     {"Tolmen AUTORUN FILE", "TRUE", "0", "INTERVAL", "15", "#FALSE#"},
-     AutoRunRead::kRead,
-     true,
-     {},
-     "INTERVAL",
-     15,
-     "",
-     false},
-    {"empty method reads its value as the time",
-     {"Tolmen AUTORUN FILE", "FALSE", "1", "/t/a.ktf", "", "09:30", "0"},
-     AutoRunRead::kRead,
-     false,
-     {"/t/a.ktf"},
-     "",
-     0,
-     "09:30",
-     false},
-    {"unknown method, truth as a number",
-     {"Tolmen AUTORUN FILE", "yes", "1", "/t/a.ktf", "HOURLY", "2", "-1"},
-     AutoRunRead::kRead,
-     false,
-     {"/t/a.ktf"},
-     "",
-     0,
-     "2",
-     true},
-    {"truth text not readable keeps the flag, a cut file reads empty",
-     {"Tolmen AUTORUN FILE", "TRUE", "1", "/t/a.ktf", "INTERVAL"},
-     AutoRunRead::kRead,
-     true,
-     {"/t/a.ktf"},
-     "INTERVAL",
-     0,
-     "",
-     true},
-    {"foreign header",
-     {"TOLMEN TEMPLATE FILE", "TRUE"},
-     AutoRunRead::kForeign,
-     false,
-     {},
-     "",
-     0,
-     "",
-     true},
-};
+// The state a read leaves, in one line: on/off, templates, method, interval, run time, notify.
+std::string Outcome(const BackgroundState& state, bool notify) {
+  std::string text = state.BackgroundOn ? "on" : "off";
+  for (const std::string& path : state.TemplateList) text += " " + path;
+  return text + " | " + state.UpdateMethod + " " + std::to_string(state.IntervalMinutes) + " " +
+         state.RunTime + " | " + (notify ? "notify" : "quiet");
+}
 
 TEST(AutoRunFileTest, ReadsEveryLineAsTheTableSays) {
-  for (const ReadCase& c : kReadCases) {
+  struct Case {
+    std::vector<std::string> lines;
+    std::string outcome;  // ShowFinalMessage is true before the read
+  };
+  const Case cases[] = {
+      {{"Tolmen AUTORUN FILE", "TRUE", "2", "/t/a.ktf", "/t/b.ktf", "INTERVAL", "3", "False"},
+       "on /t/a.ktf /t/b.ktf | INTERVAL 3  | quiet"},
+      // The old header, in any case.
+      {{"Vellumator for Maximizer AUTORUN file", "true", "1", "/t/a.ktf", "time", "14:00", "True"},
+       "on /t/a.ktf | TIME 0 14:00 | notify"},
+      {{"Tolmen AUTORUN FILE", "TRUE", "0", "INTERVAL", "15", "#FALSE#"},
+       "on | INTERVAL 15  | quiet"},
+      // An empty method reads its value as the time.
+      {{"Tolmen AUTORUN FILE", "FALSE", "1", "/t/a.ktf", "", "09:30", "0"},
+       "off /t/a.ktf |  0 09:30 | quiet"},
+      // An unknown method; truth as a number.
+      {{"Tolmen AUTORUN FILE", "yes", "1", "/t/a.ktf", "HOURLY", "2", "-1"},
+       "off /t/a.ktf |  0 2 | notify"},
+      // Truth text not readable keeps the flag; a cut file reads empty.
+      {{"Tolmen AUTORUN FILE", "TRUE", "1", "/t/a.ktf", "INTERVAL"},
+       "on /t/a.ktf | INTERVAL 0  | notify"},
+  };
+  for (const Case& c : cases) {
     BackgroundState state;
     bool notify = true;
-    EXPECT_EQ(ReadAutoRunLines(c.lines, state, notify), c.result) << c.name;
-    EXPECT_EQ(state.BackgroundOn, c.backgroundOn) << c.name;
-    EXPECT_EQ(state.TemplateList, c.templates) << c.name;
-    EXPECT_EQ(state.UpdateMethod, c.method) << c.name;
-    EXPECT_EQ(state.IntervalMinutes, c.interval) << c.name;
-    EXPECT_EQ(state.RunTime, c.runTime) << c.name;
-    EXPECT_EQ(notify, c.notify) << c.name;
+    EXPECT_EQ(ReadAutoRunLines(c.lines, state, notify), AutoRunRead::kRead) << c.outcome;
+    EXPECT_EQ(Outcome(state, notify), c.outcome);
   }
+  BackgroundState state;
+  bool notify = true;
+  EXPECT_EQ(ReadAutoRunLines({"TOLMEN TEMPLATE FILE", "TRUE"}, state, notify),
+            AutoRunRead::kForeign);
+  EXPECT_EQ(Outcome(state, notify), "off |  0  | notify");
 }
 
 TEST(AutoRunFileTest, AFileWithTheOldHeaderIsWrittenBackWithTheNewOne) {

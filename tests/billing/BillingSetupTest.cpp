@@ -2,30 +2,20 @@
 // user: each refusal's message and focus, and what an edit stores and shows.
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <sstream>
+#include "pastel/PastelTestSet.h"
 
 #include "billing/BillingSetup.h"
-#include "common/TempDir.h"
-#include "platform/ui/ScriptUi.h"
 #include "runtime/DateTime.h"
-#include "shell/Tolmen.h"
 #include "wizard/RecurringBillingControls.h"
 
 namespace tolmen {
 namespace {
 
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
-
-class BillingSetupTest : public ::testing::Test {
+class BillingSetupTest : public testing::PastelSetTest {
  protected:
   // Monthly billing from a category UDF, a Date Billed UDF chosen, on 23 November 2026.
-  void Start(const std::vector<std::string>& script) {
-    ui_ = std::make_unique<ScriptUi>(script, &transcript_, clock_, "Tolmen");
-    app_ = std::make_unique<Tolmen>(MakeAppInfo(dir_.File("home/"), "1.0.0"), *ui_, clock_,
-                                    dir_.File("settings.ini"));
+  void Begin(const std::vector<std::string>& script) {
+    Start(script, DateFromParts(2026, 11, 23, 9, 0, 0));
     MainForm& form = app_->screen.frmMain;
     form.optCategory.Set(2);
     form.optBillPeriod.Set(2);
@@ -37,20 +27,15 @@ class BillingSetupTest : public ::testing::Test {
     form.txtVATcode.SetText("1");
     form.txtToday.SetText("23 Nov 2026");
   }
-
-  test::TempDir dir_;
-  VirtualClock clock_{DateFromParts(2026, 11, 23, 9, 0, 0)};
-  std::ostringstream transcript_;
-  std::unique_ptr<ScriptUi> ui_;
-  std::unique_ptr<Tolmen> app_;
+  bool Said(const std::string& part) const { return Transcript().find(part) != std::string::npos; }
 };
 
 TEST_F(BillingSetupTest, EachRefusalSaysWhyAndTheCheckPassesOnceMended) {
-  Start({"OK", "OK", "Yes"});
+  Begin({"OK", "OK", "Yes"});
   MainForm& form = app_->screen.frmMain;
   form.optCategory.Set(0);
   EXPECT_FALSE(CheckBillingSetup(*app_));
-  EXPECT_TRUE(Contains(transcript_.str(), "To use billing, you must select 'Use/Create Category"));
+  EXPECT_TRUE(Said("To use billing, you must select 'Use/Create Category"));
   EXPECT_EQ(form.tabDlg.Tab(), MainForm::kTabToPastel);
   EXPECT_TRUE(form.mnuViewBillR.Checked());
 
@@ -59,11 +44,10 @@ TEST_F(BillingSetupTest, EachRefusalSaysWhyAndTheCheckPassesOnceMended) {
   form.txtGLcode.SetText("12345AB");
   form.txtToday.SetText("32 Jan 2024");
   EXPECT_FALSE(CheckBillingSetup(*app_));
-  EXPECT_TRUE(Contains(transcript_.str(),
-                       "Billing can not Proceed! | OK | Exclamation\n"
-                       "Please use a seven-number General Ledger Code for Billing."));
   EXPECT_TRUE(
-      Contains(transcript_.str(), "Your date for 'Today' (32 Jan 2024) is not understood."));
+      Said("Billing can not Proceed! | OK | Exclamation\n"
+           "Please use a seven-number General Ledger Code for Billing."));
+  EXPECT_TRUE(Said("Your date for 'Today' (32 Jan 2024) is not understood."));
   EXPECT_EQ(form.txtToday.Text(), "23 Nov 2026");
   EXPECT_EQ(app_->run.BillingDate, DateSerial(2026, 11, 23));
   EXPECT_FALSE(app_->billing.BillingChecked);
@@ -76,16 +60,15 @@ TEST_F(BillingSetupTest, EachRefusalSaysWhyAndTheCheckPassesOnceMended) {
 }
 
 TEST_F(BillingSetupTest, ABillingDateThatIsNotTodayIsConfirmed) {
-  Start({"No"});
+  Begin({"No"});
   app_->screen.frmMain.txtToday.SetText("30 Nov 2026");
   EXPECT_FALSE(CheckBillingSetup(*app_));
-  EXPECT_TRUE(Contains(transcript_.str(),
-                       "You are billing for: 30 Nov 2026\ninstead of Today: 23 Nov 2026\n"));
+  EXPECT_TRUE(Said("You are billing for: 30 Nov 2026\ninstead of Today: 23 Nov 2026\n"));
   EXPECT_EQ(app_->run.BillingDate, DateSerial(2026, 11, 30));
 }
 
 TEST_F(BillingSetupTest, EditPriceStoresAndShowsTheAnswer) {
-  Start({"= 90/14+2", "= abc", "OK", "= 0", "= 4"});
+  Begin({"= 90/14+2", "= abc", "OK", "= 0", "= 4"});
   ListBox& prices = app_->screen.frmMain.lstPrices;
   prices.AddItem("Gold\t 0\t(1 Year)");
   prices.AddItem("Silver\t50\t(1 Year)");
@@ -97,7 +80,7 @@ TEST_F(BillingSetupTest, EditPriceStoresAndShowsTheAnswer) {
   EXPECT_EQ(prices.ListIndex(), 1);
 
   EditPrice(*app_);
-  EXPECT_TRUE(Contains(transcript_.str(), "Not a Number!"));
+  EXPECT_TRUE(Said("Not a Number!"));
   EXPECT_EQ(app_->settings.GetSetting("Billing", "Silver", "none"), "none");
   EXPECT_EQ(prices.List(1), "Silver\t50\t(1 Year)");
 
@@ -119,7 +102,7 @@ TEST_F(BillingSetupTest, EditPriceStoresAndShowsTheAnswer) {
 // The date buttons, as their clicks reach them: a month from the 31st lands on the month's last
 // day; the day box's pair works only for "On or After Specific Date" and stays within 1 to 31.
 TEST_F(BillingSetupTest, TheDateButtonsMoveTheBillingDateAndTheDay) {
-  Start({});
+  Begin({});
   WireRecurringBillingControls(*app_);
   MainForm& form = app_->screen.frmMain;
   form.txtToday.SetText("31 Jan 2026");

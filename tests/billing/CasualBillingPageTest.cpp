@@ -2,31 +2,21 @@
 // commands and tooltips, and the resolution of rules whose code the inventory list holds.
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <sstream>
+#include "pastel/PastelTestSet.h"
 
 #include "billing/CasualBilling.h"
 #include "billing/CasualRule.h"
-#include "common/TempDir.h"
-#include "platform/ui/ScriptUi.h"
 #include "runtime/DateTime.h"
-#include "shell/Tolmen.h"
 #include "wizard/CasualBillingControls.h"
 
 namespace tolmen {
 namespace {
 
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
-
-class CasualBillingPageTest : public ::testing::Test {
+class CasualBillingPageTest : public testing::PastelSetTest {
  protected:
   // Two UDFs offered, the five documents, and an inventory list already read.
-  void Start(const std::vector<std::string>& script) {
-    ui_ = std::make_unique<ScriptUi>(script, &transcript_, clock_, "Tolmen");
-    app_ = std::make_unique<Tolmen>(MakeAppInfo(dir_.File("home/"), "1.0.0"), *ui_, clock_,
-                                    dir_.File("settings.ini"));
+  void Begin(const std::vector<std::string>& script) {
+    Start(script, DateFromParts(2026, 11, 23, 9, 0, 0));
     WireCasualBillingControls(*app_);
     MainForm& form = Form();
     form.lstBillCUDFs.AddItem("Membership");
@@ -48,16 +38,14 @@ class CasualBillingPageTest : public ::testing::Test {
     transcript_.str("");
     return text;
   }
-
-  test::TempDir dir_;
-  VirtualClock clock_{DateFromParts(2026, 11, 23, 9, 0, 0)};
-  std::ostringstream transcript_;
-  std::unique_ptr<ScriptUi> ui_;
-  std::unique_ptr<Tolmen> app_;
+  bool Heard(const std::string& part) { return Has(Said(), part); }
+  static bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+  }
 };
 
 TEST_F(CasualBillingPageTest, AddAsksForEachStepInTurnThenAddsTheRule) {
-  Start({});
+  Begin({});
   MainForm& form = Form();
   form.lstBillType.SetListIndex(-1);
   struct Step {
@@ -87,7 +75,7 @@ TEST_F(CasualBillingPageTest, AddAsksForEachStepInTurnThenAddsTheRule) {
   for (const Step& step : steps) {
     step.choose();
     form.cmdBillCAdd.Click();
-    EXPECT_TRUE(Contains(Said(), "== MsgBox | Tolmen | OK | Exclamation\n" + step.message + "\n"))
+    EXPECT_TRUE(Heard("== MsgBox | Tolmen | OK | Exclamation\n" + step.message + "\n"))
         << step.message;
     EXPECT_EQ(form.Focus().control, step.focus) << step.message;
     EXPECT_EQ(form.lstBillCSet.ListCount(), 0);
@@ -96,14 +84,14 @@ TEST_F(CasualBillingPageTest, AddAsksForEachStepInTurnThenAddsTheRule) {
   // The toolkit cannot read prices: the lookup says so and the rule has no price.
   form.lstPasInventory.SetListIndex(1);
   form.cmdBillCAdd.Click();
-  EXPECT_TRUE(Contains(Said(), "Pastel Error in Function GetMultiPrice$"));
+  EXPECT_TRUE(Heard("Pastel Error in Function GetMultiPrice$"));
   ASSERT_EQ(form.lstBillCSet.ListCount(), 1);
   EXPECT_EQ(form.lstBillCSet.List(0),
             "If <Membership> Contains \"GOLD\" then Batch Invoice <K9> Kennel");
 }
 
 TEST_F(CasualBillingPageTest, ListCommandsNeedARowAndEditReportsWhatItCannotFind) {
-  Start({});
+  Begin({});
   MainForm& form = Form();
   ListBox& rules = form.lstBillCSet;
   rules.AddItem("If <Level> Contains \"GOLD\" then Sales Order <K9> Kennel: Price 5.00");
@@ -114,7 +102,7 @@ TEST_F(CasualBillingPageTest, ListCommandsNeedARowAndEditReportsWhatItCannotFind
         std::pair{&form.cmdBillCDelete, "First Select the item you want to delete!"},
         std::pair{&form.cmdBillCEdit, "First Select the item you want to Edit!"}}) {
     command->Click();
-    EXPECT_TRUE(Contains(Said(), std::string("Exclamation\n") + message + "\n")) << message;
+    EXPECT_TRUE(Heard(std::string("Exclamation\n") + message + "\n")) << message;
   }
   EXPECT_EQ(rules.ListCount(), 2);
 
@@ -130,11 +118,11 @@ TEST_F(CasualBillingPageTest, ListCommandsNeedARowAndEditReportsWhatItCannotFind
   // The parts found are set, the others reported together; Replace takes the steps as they are.
   rules.SetListIndex(1);
   form.cmdBillCEdit.Click();
-  EXPECT_TRUE(Contains(Said(),
-                       "== MsgBox | Tolmen Couldn't Edit Item! | OK | Exclamation\n"
-                       "<Gone> was not found in the list of Maximizer UDFs.\n"
-                       "Document Type <Posted Invoice> was not found in the Pastel Documents.\n"
-                       "Code <NOPE> was not found in the Pastel Inventory.\n-> OK\n"));
+  EXPECT_TRUE(
+      Heard("== MsgBox | Tolmen Couldn't Edit Item! | OK | Exclamation\n"
+            "<Gone> was not found in the list of Maximizer UDFs.\n"
+            "Document Type <Posted Invoice> was not found in the Pastel Documents.\n"
+            "Code <NOPE> was not found in the Pastel Inventory.\n-> OK\n"));
   EXPECT_EQ(form.txtBillCCode.Text(), "X");
   form.cmdBillCReplace.Click();
   EXPECT_EQ(rules.List(1), "If <Level> Contains \"X\" then Sales Order <K9> Kennel");
@@ -155,7 +143,7 @@ TEST_F(CasualBillingPageTest, ListCommandsNeedARowAndEditReportsWhatItCannotFind
 }
 
 TEST_F(CasualBillingPageTest, ARuleWhoseCodeIsListedStillHasNoPriceToBill) {
-  Start({});
+  Begin({});
   MainForm& form = Form();
   form.lstBillCSet.AddItem("If <Level> Contains \"GOLD\" then Quote <K9> Kennel");
   form.lstBillCSet.AddItem("If <Gone> Contains \"X\" then Quote <K9> Kennel");
@@ -163,12 +151,12 @@ TEST_F(CasualBillingPageTest, ARuleWhoseCodeIsListedStillHasNoPriceToBill) {
   form.mnuViewBillC.SetChecked(false);
   EXPECT_FALSE(ResolveCasualItems(*app_));
   const std::string said = Said();
-  EXPECT_TRUE(Contains(said, "Pastel Error in Function GetMultiPrice$"));
-  EXPECT_TRUE(Contains(said,
-                       "== MsgBox | Tolmen Couldn't Resolve Item! | OK | Exclamation\n"
-                       "There are Errors in Casual Billing Item(s):\n"
-                       "Code <K9> can not be Invoiced: Bad Price ()\n"
-                       "<Gone> was not found in the list of Maximizer UDFs.\n-> OK\n"))
+  EXPECT_TRUE(Has(said, "Pastel Error in Function GetMultiPrice$"));
+  EXPECT_TRUE(Has(said,
+                  "== MsgBox | Tolmen Couldn't Resolve Item! | OK | Exclamation\n"
+                  "There are Errors in Casual Billing Item(s):\n"
+                  "Code <K9> can not be Invoiced: Bad Price ()\n"
+                  "<Gone> was not found in the list of Maximizer UDFs.\n-> OK\n"))
       << said;
   EXPECT_FALSE(app_->run.CasualBillingOn);
   EXPECT_TRUE(form.mnuViewBillC.Checked());

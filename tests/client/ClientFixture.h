@@ -1,7 +1,5 @@
-// A Pastel set of accounts made with the set builder, a maxsim serving an address book the test
-// describes, and Tolmen attached to both, with the script front-end as its user and a virtual
-// clock. Clients are selected in maxsim as a user would, and what Tolmen wrote is read back from
-// the real files and from maxsim's own dump.
+// A Pastel set of accounts and a maxsim serving an address book the test describes, with Tolmen
+// attached to both; clients are selected in maxsim as a user would.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -47,57 +47,28 @@ PhoneEntry Phone(const char* number, const char* description, const char* extens
 
 TEST(ClassifyPhoneEntries, DescriptionsDecideTheClass) {
   struct Case {
-    const char* what;
     std::array<PhoneEntry, 4> entries;
-    const char* telephone;
-    const char* fax;
-    const char* cell;
-    const char* email;
+    const char* classes;  // telephone | fax | cell | e-mail
   } cases[] = {
-      {"a later entry of a class wins",
-       {Phone("011 1", "Fax"), Phone("011 2", "fax"), {}, {}},
-       "",
-       "011 2",
-       "",
-       ""},
-      {"anything else is other, with its first letter",
-       {Phone("012 345", "Home"), {}, {}, {}},
-       "012 345 (H)",
-       "",
-       "",
-       ""},
-      {"Tel. and Mobile are other; the telephone takes the last other",
-       {Phone("1", "Tel."), Phone("2", "Mobile"), {}, {}},
-       "2 (M)",
-       "",
-       "",
-       ""},
-      {"extensions go with telephone, fax and other, never with cell",
-       {Phone("10", "main", "5"), Phone("20", "FAX", "6"), Phone("30", "Mob", "7"),
+      // A later entry of a class wins.
+      {{Phone("011 1", "Fax"), Phone("011 2", "fax"), {}, {}}, " | 011 2 |  | "},
+      // Anything else is other, with its first letter.
+      {{Phone("012 345", "Home"), {}, {}, {}}, "012 345 (H) |  |  | "},
+      // Tel. and Mobile are other; the telephone takes the last other.
+      {{Phone("1", "Tel."), Phone("2", "Mobile"), {}, {}}, "2 (M) |  |  | "},
+      // Extensions go with telephone, fax and other, never with cell.
+      {{Phone("10", "main", "5"), Phone("20", "FAX", "6"), Phone("30", "Mob", "7"),
         Phone("40", "", "8")},
-       "10 x 5",
-       "20 x 6",
-       "30",
-       ""},
-      {"an entry without a number is passed over",
-       {Phone("", "Tel"), Phone("555", "CEL"), Phone("", "Fax"), Phone("a@b", "E-MAI")},
-       "",
-       "",
-       "555",
-       "a@b"},
-      {"an other without description has no letter",
-       {Phone("777", "", "1"), Phone("888", "Cell"), {}, {}},
-       "777 x 1",
-       "",
-       "888",
-       ""},
+       "10 x 5 | 20 x 6 | 30 | "},
+      // An entry without a number is passed over.
+      {{Phone("", "Tel"), Phone("555", "CEL"), Phone("", "Fax"), Phone("a@b", "E-MAI")},
+       " |  | 555 | a@b"},
+      // An other without description has no letter.
+      {{Phone("777", "", "1"), Phone("888", "Cell"), {}, {}}, "777 x 1 |  | 888 | "},
   };
   for (const Case& c : cases) {
-    const PhoneClasses classes = ClassifyPhoneEntries(c.entries);
-    EXPECT_EQ(classes.telephone, c.telephone) << c.what;
-    EXPECT_EQ(classes.fax, c.fax) << c.what;
-    EXPECT_EQ(classes.cell, c.cell) << c.what;
-    EXPECT_EQ(classes.email, c.email) << c.what;
+    const PhoneClasses got = ClassifyPhoneEntries(c.entries);
+    EXPECT_EQ(got.telephone + " | " + got.fax + " | " + got.cell + " | " + got.email, c.classes);
   }
 }
 

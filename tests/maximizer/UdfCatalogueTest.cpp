@@ -36,6 +36,9 @@ class UdfCatalogueTest : public MaximizerTest {
     return book;
   }
   MainForm& Form() { return app_->screen.frmMain; }
+  static std::string Held(const UdfOption& option) {
+    return option.name + "#" + std::to_string(option.index);
+  }
 };
 
 TEST_F(UdfCatalogueTest, EachListHoldsItsKindsAndOptionsAreSelectedAgain) {
@@ -56,13 +59,10 @@ TEST_F(UdfCatalogueTest, EachListHoldsItsKindsAndOptionsAreSelectedAgain) {
   ASSERT_EQ(udfs.Count(), 6);
   // "Terms, net": cut at the comma; "net" is no type word and no line came before: no kind.
   // "Billed, last": cut likewise, it keeps the Date kind of the line before.
-  const std::vector<std::string> names = {"Terms",       "Account Number", "Customer Category",
-                                          "Date Billed", "Billed",         "Credit Limit"};
-  const std::vector<int> kinds = {0, 3, 0, 1, 1, 2};
-  for (int i = 1; i <= 6; ++i) {
-    EXPECT_EQ(udfs.Name(i), names[i - 1]);
-    EXPECT_EQ(udfs.Kind(i), kinds[i - 1]);
-  }
+  std::string catalogue;
+  for (int i = 1; i <= 6; ++i) catalogue += udfs.Name(i) + " " + std::to_string(udfs.Kind(i)) + "|";
+  EXPECT_EQ(catalogue,
+            "Terms 0|Account Number 3|Customer Category 0|Date Billed 1|Billed 1|Credit Limit 2|");
   const std::vector<Entry> all = {{"", 0},
                                   {"Terms", 1},
                                   {"Account Number", 2},
@@ -94,8 +94,7 @@ TEST_F(UdfCatalogueTest, EachListHoldsItsKindsAndOptionsAreSelectedAgain) {
   EXPECT_FALSE(fs::exists(dir_.File("home/UDFs.txt")));
 
   // Selected again by name, each list's handler renewing its option.
-  EXPECT_EQ(options.AccountNumber.name, "Account Number");
-  EXPECT_EQ(options.AccountNumber.index, 2);
+  EXPECT_EQ(Held(options.AccountNumber), "Account Number#2");
   EXPECT_TRUE(app_->run.MismatchSummaryOn);
   EXPECT_TRUE(Form().optMismatch(2).Enabled());
   EXPECT_EQ(options.ImportCriteriaUdf.index, 3);
@@ -104,31 +103,26 @@ TEST_F(UdfCatalogueTest, EachListHoldsItsKindsAndOptionsAreSelectedAgain) {
   EXPECT_EQ(options.CustomMessage2Udf.index, 6);
   EXPECT_FALSE(Form().txtMessage(1).Enabled());
   // A name no list entry matches keeps its option, with no selection.
-  EXPECT_EQ(options.DateJoined.name, "Credit Limit");
-  EXPECT_EQ(options.DateJoined.index, 9);
+  EXPECT_EQ(Held(options.DateJoined), "Credit Limit#9");
   EXPECT_EQ(Form().cboDateJoined.ListIndex(), -1);
   EXPECT_EQ(options.VatNumber.name, "Gone Away");
   EXPECT_EQ(Form().cboVATnumber.ListIndex(), -1);
 
   // The handlers on a user's choices.
   Form().cboAcctCode.SetListIndex(0);
-  EXPECT_EQ(options.AccountNumber.name, "");
-  EXPECT_EQ(options.AccountNumber.index, 0);
+  EXPECT_EQ(Held(options.AccountNumber), "#0");
   EXPECT_FALSE(app_->run.MismatchSummaryOn);
   EXPECT_FALSE(Form().optMismatch(0).Enabled());
   Form().cboUserFields.SetListIndex(0);
   EXPECT_FALSE(Form().txtUserFldVal.Enabled());
   Form().cboVATnumber.SetListIndex(3);
-  EXPECT_EQ(options.VatNumber.name, "Credit Limit");
-  EXPECT_EQ(options.VatNumber.index, 6);
+  EXPECT_EQ(Held(options.VatNumber), "Credit Limit#6");
   Form().cboVATnumber.SetListIndex(-1);
-  EXPECT_EQ(options.VatNumber.name, "");
-  EXPECT_EQ(options.VatNumber.index, 0);
+  EXPECT_EQ(Held(options.VatNumber), "#0");
   Form().cboMessage(1).SetListIndex(0);
   EXPECT_TRUE(Form().txtMessage(1).Enabled());
   Form().cboDateBilled.SetListIndex(2);
-  EXPECT_EQ(options.DateBilled.name, "Date Billed");
-  EXPECT_EQ(options.DateBilled.index, 4);
+  EXPECT_EQ(Held(options.DateBilled), "Date Billed#4");
   Form().cboCatgrUDF.SetListIndex(2);
   EXPECT_EQ(options.CategoryUdf.index, 3);
 }

@@ -62,6 +62,13 @@ std::string Text(const std::string& record, size_t offset, size_t width) {
   return text.substr(0, text.find('\0'));
 }
 
+// The texts of these fields (offset, width), each followed by '|'.
+std::string Texts(const std::string& record, std::vector<std::pair<size_t, size_t>> fields) {
+  std::string row;
+  for (const auto& [offset, width] : fields) row += Text(record, offset, width) + "|";
+  return row;
+}
+
 int Int16(const std::string& record, size_t offset) {
   return static_cast<int16_t>(static_cast<uint8_t>(record[offset]) |
                               static_cast<uint8_t>(record[offset + 1]) << 8);
@@ -83,29 +90,21 @@ TEST_F(ClientFileTest, RecordsHoldTheFieldsAtTheirOffsets) {
   ASSERT_EQ(acme.record.size(), 3066u);
   EXPECT_EQ(acme.record.substr(24, 24), std::string("240115/0001") + std::string(13, '\0'));
   EXPECT_EQ(acme.record.substr(0, 8), std::string("\x01\0\0\0\x01\0\0\0", 8));  // machine, seq 1
-  EXPECT_EQ(Text(acme.record, 8, 2), "1");
-  EXPECT_EQ(Text(acme.record, 10, 12), "MASTER");
+  EXPECT_EQ(Texts(acme.record, {{8, 2}, {10, 12}, {152, 22}, {174, 22}, {218, 22}}),
+            "1|MASTER|011 555 0100|0010555110|011 555 0101|");
+  EXPECT_EQ(Texts(acme.record, {{902, 80}, {1062, 80}, {1222, 80}, {1462, 80}}),
+            "Acme Trading (Pty) Ltd|12 Main Road|Johannesburg|2093|");
   EXPECT_EQ(Int16(acme.record, 132), 1);  // main address
   EXPECT_EQ(Int16(acme.record, 150), 2);  // highest address
-  EXPECT_EQ(Text(acme.record, 152, 22), "011 555 0100");
-  EXPECT_EQ(Text(acme.record, 174, 22), "0010555110");
-  EXPECT_EQ(Text(acme.record, 218, 22), "011 555 0101");
   EXPECT_EQ(Int16(acme.record, 416), 1);  // highest contact: Naidoo
-  EXPECT_EQ(Text(acme.record, 902, 80), "Acme Trading (Pty) Ltd");
-  EXPECT_EQ(Text(acme.record, 1062, 80), "12 Main Road");
-  EXPECT_EQ(Text(acme.record, 1222, 80), "Johannesburg");
-  EXPECT_EQ(Text(acme.record, 1462, 80), "2093");
   EXPECT_EQ(acme.record.substr(1542), std::string(3066 - 1542, '\0'));
 
   const Read botha = GetEqual(maxsim_.Database(), Key("240202/0003"));
   ASSERT_EQ(botha.status, 0);
-  EXPECT_EQ(Text(botha.record, 52, 80), "Botha");
-  EXPECT_EQ(Text(botha.record, 196, 22), "12");  // extension of phone 1
-  EXPECT_EQ(Int16(botha.record, 420), 1);        // Use_Client_Name
-  EXPECT_EQ(Text(botha.record, 422, 80), "Anna");
-  EXPECT_EQ(Text(botha.record, 582, 80), "Mrs");
-  EXPECT_EQ(Text(botha.record, 742, 80), "Anna");
-  EXPECT_EQ(Text(botha.record, 982, 80), "Studio 3");
+  EXPECT_EQ(Int16(botha.record, 420), 1);  // Use_Client_Name
+  // The name, the extension of phone 1, first name, salutation, dear and division.
+  EXPECT_EQ(Texts(botha.record, {{52, 80}, {196, 22}, {422, 80}, {582, 80}, {742, 80}, {982, 80}}),
+            "Botha|12|Anna|Mrs|Anna|Studio 3|");
 
   // Windows-1252 in the record, UTF-8 on the wire.
   const Read obrien = GetEqual(maxsim_.Database(), Key("240420/0011"));

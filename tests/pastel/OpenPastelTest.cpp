@@ -43,15 +43,13 @@ TEST_F(OpenPastelTest, Version9OpensEverythingAndWorksOutTheState) {
   EXPECT_EQ(Transcript(), "");
   const PastelSetState& set = app_->pastel;
   EXPECT_EQ(set.PastelDataPath, Folder());
-  EXPECT_EQ(set.PastelProduct, "Pastel Accounting 2007 (9)");
-  EXPECT_EQ(set.PastelVersion, "9.1.5");
-  EXPECT_EQ(set.PastelCompanyName, "Harrow & Finch Trading");
+  EXPECT_EQ(set.PastelProduct + "|" + set.PastelVersion + "|" + set.PastelCompanyName + "|" +
+                set.PastelFirstUserTag + "|" + set.PastelNumberFormat + "|" + set.PastelDateMask,
+            "Pastel Accounting 2007 (9)|9.1.5|Harrow & Finch Trading|MANAGER|\\R,###,##0.00|"
+            "##/##/####");
   EXPECT_EQ(set.AgingPeriod, 4);
   EXPECT_EQ(set.CurrentPeriod, 4);
   EXPECT_EQ(set.CurrentPeriodEnd, DateSerial(2024, 6, 30));
-  EXPECT_EQ(set.PastelFirstUserTag, "MANAGER");
-  EXPECT_EQ(set.PastelNumberFormat, "\\R,###,##0.00");
-  EXPECT_EQ(set.PastelDateMask, "##/##/####");
   EXPECT_EQ(app_->screen.frmMain.fraPastel.Caption(), "Pastel Accounts Ver 9.1.5");
   const Label& note = app_->screen.frmMain.lblAging;
   EXPECT_EQ(note.Caption(), "Aging Note: Pastel is in Period 4 ending Jun 2024");

@@ -58,12 +58,7 @@ TEST_F(PastelDataToolTest, DumpOfASetRebuildsTheSameBytes) {
   std::ofstream(root_ / "dump.json") << rebuilt.dump();
   Run("create " + Quote(root_ / "two") + " < " + Quote(root_ / "dump.json"), status);
   ASSERT_EQ(status, 0);
-  for (const std::string& name : names) {
-    EXPECT_EQ(Run("dump " + Quote(root_ / "two") + " " + name, status),
-              Run("dump " + Quote(root_ / "one") + " " + name, status))
-        << name;
-  }
-  // The records themselves, read past the program.
+  // The records themselves, read past the program: the same bytes make the same dump.
   Start({});
   for (const std::string& name : names) {
     const std::vector<std::string> one = Records((root_ / "one" / name).string());
