@@ -96,6 +96,8 @@ TEST(CrashInEnd, EveryFileHoldsAllOrNoneOfTheTransaction) {
       ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << status;
     } else {
       ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+      // A finished End leaves no intent behind (an open would settle one unseen).
+      for (const std::string& p : paths) EXPECT_FALSE(std::filesystem::exists(IntentPath(p))) << p;
     }
 
     for (const std::string& p : paths) {
